@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include "expression/number.h"
+
+#include <charconv>
+#include <cstdio>
+#include <locale>
+#include <sstream>
+
+namespace {
+
+constexpr std::size_t kLongestNumberText = 50;
+
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+bool isSign(char c) {
+  return c == '+' || c == '-';
+}
+
+// How many characters the extraction takes before it judges them.
+std::size_t numberLength(std::string_view text) {
+  std::size_t i = !text.empty() && isSign(text[0]) ? 1 : 0;
+  bool digits = false;
+  bool point = false;
+  bool exponent = false;
+  for (; i < text.size(); ++i) {
+    const char c = text[i];
+    if (isDigit(c)) {
+      digits = true;
+    } else if (c == '.' && !point && !exponent) {
+      point = true;
+    } else if ((c == 'e' || c == 'E') && digits && !exponent) {
+      exponent = true;
+      if (i + 1 < text.size() && isSign(text[i + 1])) ++i;
+    } else {
+      break;
+    }
+  }
+  return i;
+}
+
+// What std::from_chars refuses or only partly reads: overflow and underflow,
+// which it does not tell apart, and malformed numbers.
+std::optional<double> extractFromStream(std::string_view text) {
+  std::istringstream stream{std::string(text)};
+  stream.imbue(std::locale::classic());
+  double value = 0;
+  if (stream >> value) return value;
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<double> extractNumber(std::string_view& text) {
+  std::string_view number = text.substr(0, numberLength(text));
+  text.remove_prefix(number.size());
+  if (!number.empty() && number[0] == '+') number.remove_prefix(1);
+  double value = 0;
+  const char* const end = number.data() + number.size();
+  const auto [stop, error] = std::from_chars(number.data(), end, value);
+  if (error == std::errc() && stop == end) return value;
+  return extractFromStream(number);
+}
+
+double numberValue(const std::string& text) {
+  double value = 0;
+  if (text.size() <= kLongestNumberText) {
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    if (error == std::errc() && stop == end) return value;
+  }
+  // Blanks, signs, hexadecimal digits and trailing characters, which only a
+  // token made by hand can hold.
+  value = 0;
+  if (std::sscanf(text.c_str(), "%50lg", &value) != 1) return 0;
+  return value;
+}

@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include <cstddef>
+
+#include "expression/expression.h"
+
+namespace {
+
+using Token = Expression::token;
+
+// Which type of token may follow which, row by current, column by next. The
+// check runs before operators are told apart, so that the rows of the binary
+// and unary ones only mirror that of the undefined one.
+constexpr bool kAllowed[8][8] = {
+    {false, false, false, false, false, false, false, false},
+    {false, true, true, true, true, true, true, true},
+    {false, true, false, false, false, true, true, true},
+    {false, true, false, false, false, true, true, true},
+    {false, true, false, false, false, true, true, true},
+    {false, true, true, true, false, false, false, false},
+    {false, true, true, true, false, false, false, false},
+    {false, true, false, false, false, false, false, false},
+};
+
+bool isType(std::int32_t type) {
+  return type >= 0 && type < 8;
+}
+
+bool isOpening(const Token& t) {
+  return t.type == Expression::parenthesis && t.text == "(";
+}
+
+bool isClosing(const Token& t) {
+  return t.type == Expression::parenthesis && t.text == ")";
+}
+
+bool mayFollow(const Token& current, const Token& next) {
+  if (!isType(current.type) || !isType(next.type)) return false;
+  if (!kAllowed[current.type][next.type]) return false;
+  const bool afterOperator = current.type == Expression::undefined_operator;
+  const bool afterFunction = current.type == Expression::function;
+  if (afterFunction && !isOpening(next)) return false;
+  if (isOpening(current) && isClosing(next)) return false;
+  if (afterOperator && isClosing(next)) return false;
+  if (isClosing(current) && next.type != Expression::undefined_operator && !isClosing(next)) {
+    return false;
+  }
+  return !isOpening(next) || afterFunction || afterOperator || isOpening(current);
+}
+
+bool isBalanced(const std::vector<Token>& tokens) {
+  std::size_t depth = 0;
+  for (const Token& t : tokens) {
+    if (isOpening(t)) ++depth;
+    if (isClosing(t) && depth-- == 0) return false;
+  }
+  return depth == 0;
+}
+
+}  // namespace
+
+void Expression::check_expression(const std::vector<token>& tokens) const {
+  if (tokens.empty()) throw ExpressionWrongFormat();
+  for (std::size_t i = 1; i < tokens.size(); ++i) {
+    if (!mayFollow(tokens[i - 1], tokens[i])) throw ExpressionWrongFormat();
+  }
+  const std::int32_t last = tokens.back().type;
+  if (last == function || last == undefined_operator) throw ExpressionWrongFormat();
+  if (!isBalanced(tokens)) throw ExpressionWrongFormat();
+}
+
+void Expression::mark_unaries(std::vector<token>& tokens) const {
+  if (tokens.empty()) return;
+  if (tokens[0].type == undefined_operator) tokens[0].type = unary_operator;
+  // From the end, so that the neighbour before is still as it was.
+  for (std::size_t i = tokens.size() - 1; i > 0; --i) {
+    if (tokens[i].type != undefined_operator) continue;
+    const token& before = tokens[i - 1];
+    if (before.type == undefined_operator || before.type == function) throw ExpressionWrongFormat();
+    tokens[i].type = isOpening(before) ? unary_operator : binary_operator;
+  }
+}
+
+void Expression::convert_expression(std::vector<token>& tokens, std::vector<token>& out) const {
+  mark_unaries(tokens);
+  std::vector<const token*> stack;
+  const auto popTop = [&] {
+    out.push_back(*stack.back());
+    stack.pop_back();
+  };
+  for (const token& t : tokens) {
+    switch (t.type) {
+      case number:
+      case variable:
+        out.push_back(t);
+        break;
+      case function:
+      case unary_operator:
+        while (!stack.empty() && priority(*stack.back()) > priority(t))
+          popTop();
+        stack.push_back(&t);
+        break;
+      case binary_operator: {
+        // An operator of the same precedence waits only where it associates
+        // to the right.
+        const int least = priority(t) + (t.text == "^" ? 1 : 0);
+        while (!stack.empty() && priority(*stack.back()) >= least)
+          popTop();
+        stack.push_back(&t);
+        break;
+      }
+      case parenthesis:
+        if (t.text == "(") {
+          stack.push_back(&t);
+          break;
+        }
+        while (!stack.empty() && stack.back()->text != "(")
+          popTop();
+        if (stack.empty()) throw ExpressionWrongFormat();
+        stack.pop_back();
+        break;
+      default:
+        throw ExpressionWrongFormat();
+    }
+  }
+  while (!stack.empty())
+    popTop();
+}

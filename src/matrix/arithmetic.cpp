@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include <cmath>
+#include <cstdlib>
+
+#include "matrix/matrix.h"
+
+double dotProduct(const std::vector<double>& u, const std::vector<double>& v) {
+  if (u.size() != v.size()) throw VectorWrongDimensions();
+  double sum = 0;
+  for (std::size_t i = 0; i < u.size(); ++i)
+    sum += u[i] * v[i];
+  return sum;
+}
+
+std::vector<double> operator+(const std::vector<double>& u, const std::vector<double>& v) {
+  if (u.size() != v.size()) throw MatrixWrongDimensions();
+  std::vector<double> sum = u;
+  for (std::size_t i = 0; i < v.size(); ++i)
+    sum[i] += v[i];
+  return sum;
+}
+
+std::vector<double> operator-(const std::vector<double>& u, const std::vector<double>& v) {
+  if (u.size() != v.size()) throw MatrixWrongDimensions();
+  std::vector<double> difference = u;
+  for (std::size_t i = 0; i < v.size(); ++i)
+    difference[i] -= v[i];
+  return difference;
+}
+
+double norm(const std::vector<double>& v) {
+  double maximum = 0;
+  for (const double element : v) {
+    if (std::abs(element) > maximum) maximum = std::abs(element);
+  }
+  return maximum;
+}
+
+double norm2(const std::vector<double>& v) {
+  double sum = 0;
+  for (const double element : v)
+    sum += element * element;
+  return sum;
+}
+
+double norm(const Matrix& a) {
+  double maximum = 0;
+  for (int i = 0; i < a.dimension(); ++i) {
+    double sum = 0;
+    for (const double element : a[i])
+      sum += std::abs(element);
+    if (sum > maximum) maximum = sum;
+  }
+  return maximum;
+}
+
+double off(const Matrix& a) {
+  double sum = 0;
+  for (int i = 1; i < a.dimension(); ++i) {
+    const double* const row = a[i].data();
+    for (int j = 0; j < i; ++j)
+      sum += row[j] * row[j];
+  }
+  return std::sqrt(sum);
+}
+
+Matrix getIdentityMatrix(int n) {
+  Matrix identity(n);
+  for (int i = 0; i < n; ++i)
+    identity[i][static_cast<std::size_t>(i)] = 1;
+  return identity;
+}
+
+Matrix tensor_product(const std::vector<double>& u, const std::vector<double>& v) {
+  if (u.size() != v.size()) throw VectorWrongDimensions();
+  Matrix product(static_cast<int>(u.size()));
+  for (int i = 0; i < product.dimension(); ++i) {
+    const double factor = u[static_cast<std::size_t>(i)];
+    std::vector<double>& row = product[i];
+    for (std::size_t j = 0; j < v.size(); ++j)
+      row[j] = factor * v[j];
+  }
+  return product;
+}
+
+double round(double x, int digits) {
+  double power = 1;
+  // An infinite power stays infinite, so that the loop may end there.
+  for (long long left = std::llabs(digits); left > 0 && !std::isinf(power); --left)
+    power *= 10;
+  if (digits < 0) power = 1 / power;
+  return std::round(x * power) / power;
+}
+
+int sign(const double& x) {
+  return x >= 0 ? 1 : -1;
+}

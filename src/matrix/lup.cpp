@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include <cmath>
+#include <string_view>
+
+#include "matrix/matrix.h"
+#include "trace/trace.h"
+
+namespace {
+
+constexpr double kSmallestPivot = 1e-8;
+
+// The row of the largest element of column k on or below the diagonal, the
+// upper one of equals; NaN is never chosen.
+int findPivot(const Matrix& U, int k) {
+  double best = -1;
+  int pivot = -1;
+  for (int i = k; i < U.dimension(); ++i) {
+    const double magnitude = std::abs(U[i][static_cast<std::size_t>(k)]);
+    if (magnitude > best) {
+      best = magnitude;
+      pivot = i;
+    }
+  }
+  if (kSmallestPivot > best) throw MatrixIsSingular();
+  return pivot;
+}
+
+void eliminateBelow(Matrix& L, Matrix& U, int k) {
+  const std::size_t n = U[k].size();
+  const auto column = static_cast<std::size_t>(k);
+  const double* const pivotRow = U[k].data();
+  for (int i = k + 1; i < U.dimension(); ++i) {
+    double* const row = U[i].data();
+    const double multiplier = row[column] / pivotRow[column];
+    L[i][column] = multiplier;
+    for (std::size_t j = column; j < n; ++j)
+      row[j] -= multiplier * pivotRow[j];
+  }
+}
+
+void writeMatrix(Trace& trace, std::string_view label, const Matrix& a) {
+  trace << label << "\n";
+  for (int i = 0; i < a.dimension(); ++i) {
+    for (const double element : a[i])
+      trace.fixed(element, 7, 3) << " ";
+    trace << "\n";
+  }
+}
+
+}  // namespace
+
+void LUPdecomposition(const Matrix& A, Matrix& L, Matrix& U, Matrix& P, int& swaps) {
+  const int n = A.dimension();
+  L = getIdentityMatrix(n);
+  P = getIdentityMatrix(n);
+  U = A;
+  swaps = 0;
+  for (int k = 0; k < n; ++k) {
+    const int pivot = findPivot(U, k);
+    if (pivot != k) {
+      U.swapRows(k, pivot);
+      P.swapRows(k, pivot);
+      // Rows, then columns: the stored multipliers move with their rows while
+      // the unit diagonal stays where it is.
+      L.swapRows(k, pivot);
+      L.swapColumns(k, pivot);
+      ++swaps;
+    }
+    eliminateBelow(L, U, k);
+  }
+}
+
+std::vector<double> solveWithLUP(const Matrix& L, const Matrix& U, const Matrix& P,
+                                 const std::vector<double>& b) {
+  std::vector<double> x = P * b;
+  const auto n = static_cast<std::size_t>(L.dimension());
+  if (x.size() < n) throw MatrixWrongDimensions();
+  x.resize(n);
+  for (std::size_t i = 1; i < n; ++i) {
+    const double* const row = L[static_cast<int>(i)].data();
+    for (std::size_t j = 0; j < i; ++j)
+      x[i] -= row[j] * x[j];
+  }
+  for (std::size_t i = n; i-- > 0;) {
+    const double* const row = U[static_cast<int>(i)].data();
+    for (std::size_t j = i + 1; j < n; ++j)
+      x[i] -= row[j] * x[j];
+    x[i] /= row[i];
+  }
+  return x;
+}
+
+std::vector<double> solveWithLUP(const Matrix& A, const std::vector<double>& b) {
+  Trace trace;
+  trace << "LUP decomposition start.\n";
+  trace.flush();
+  Matrix L;
+  Matrix U;
+  Matrix P;
+  int swaps = 0;
+  LUPdecomposition(A, L, U, P, swaps);
+  writeMatrix(trace, "L:", L);
+  writeMatrix(trace, "U:", U);
+  writeMatrix(trace, "P:", P);
+  writeMatrix(trace, "P * L * U:", P * L * U);
+  trace << "LUP decomposition stop.\n\n";
+  trace.flush();
+  return solveWithLUP(L, U, P, b);
+}

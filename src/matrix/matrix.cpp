@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include "matrix/matrix.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <new>
+#include <utility>
+
+namespace {
+
+std::size_t rowCount(int n) {
+  if (n < 0) throw std::bad_alloc();
+  return static_cast<std::size_t>(n);
+}
+
+}  // namespace
+
+Matrix::Matrix(int n) : rows(rowCount(n), std::vector<double>(rowCount(n))) {}
+
+void Matrix::checkIndices(int i, int j) const {
+  const int n = dimension();
+  if (i < 0 || i >= n || j < 0 || j >= n) throw MatrixIndexOutOfBound();
+}
+
+void Matrix::checkDimension(std::size_t n) const {
+  if (rows.size() != n) throw MatrixWrongDimensions();
+}
+
+std::vector<double> Matrix::operator*(const std::vector<double>& v) const {
+  checkDimension(v.size());
+  std::vector<double> product(v.size());
+  for (std::size_t i = 0; i < v.size(); ++i) {
+    double sum = 0;
+    for (std::size_t j = 0; j < v.size(); ++j)
+      sum += rows[i][j] * v[j];
+    product[i] = sum;
+  }
+  return product;
+}
+
+Matrix Matrix::operator*(const double& s) const {
+  Matrix product = *this;
+  for (auto& row : product.rows) {
+    for (double& element : row)
+      element *= s;
+  }
+  return product;
+}
+
+Matrix Matrix::operator*(const Matrix& b) const {
+  checkDimension(b.rows.size());
+  const std::size_t n = rows.size();
+  Matrix product(dimension());
+  // k outside j streams whole rows; every element still gathers its terms in
+  // the order of k.
+  for (std::size_t i = 0; i < n; ++i) {
+    double* const sums = product.rows[i].data();
+    for (std::size_t k = 0; k < n; ++k) {
+      const double factor = rows[i][k];
+      const double* const row = b.rows[k].data();
+      for (std::size_t j = 0; j < n; ++j)
+        sums[j] += factor * row[j];
+    }
+  }
+  return product;
+}
+
+Matrix Matrix::operator+(const Matrix& b) const {
+  checkDimension(b.rows.size());
+  Matrix sum = *this;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    for (std::size_t j = 0; j < rows.size(); ++j)
+      sum.rows[i][j] += b.rows[i][j];
+  }
+  return sum;
+}
+
+Matrix Matrix::operator-(const Matrix& b) const {
+  checkDimension(b.rows.size());
+  Matrix difference = *this;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    for (std::size_t j = 0; j < rows.size(); ++j)
+      difference.rows[i][j] -= b.rows[i][j];
+  }
+  return difference;
+}
+
+Matrix Matrix::transposed() const {
+  Matrix transpose(dimension());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    for (std::size_t j = 0; j < rows.size(); ++j)
+      transpose.rows[i][j] = rows[j][i];
+  }
+  return transpose;
+}
+
+void Matrix::swapRows(int i, int j) {
+  checkIndices(i, j);
+  std::swap_ranges((*this)[i].begin(), (*this)[i].end(), (*this)[j].begin());
+}
+
+void Matrix::swapColumns(int i, int j) {
+  checkIndices(i, j);
+  for (auto& row : rows)
+    std::swap(row[static_cast<std::size_t>(i)], row[static_cast<std::size_t>(j)]);
+}
+
+void Matrix::insertColumn(int j, const std::vector<double>& v) {
+  checkIndices(j, j);
+  checkDimension(v.size());
+  for (std::size_t i = 0; i < v.size(); ++i)
+    rows[i][static_cast<std::size_t>(j)] = v[i];
+}
+
+void Matrix::doRound() {
+  for (auto& row : rows) {
+    for (double& element : row)
+      element = round(element, 2);
+  }
+}
+
+bool Matrix::isTridiagonal() const {
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    for (std::size_t j = 0; j < rows.size(); ++j) {
+      const bool inBand = i <= j + 1 && j <= i + 1;
+      if (!inBand && rows[i][j] != 0.0) return false;
+    }
+  }
+  return true;
+}
+
+bool Matrix::isSymmetrical() const {
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    for (std::size_t j = i + 1; j < rows.size(); ++j) {
+      if (std::abs(rows[i][j] - rows[j][i]) > 1e-5) return false;
+    }
+  }
+  return true;
+}

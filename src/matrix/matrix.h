@@ -1,0 +1,173 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#ifndef NORDIKA_MATRIX_MATRIX_H
+#define NORDIKA_MATRIX_MATRIX_H
+
+#include <cstddef>
+#include <vector>
+
+/// Two vectors of different lengths were given to a product of vectors.
+class VectorWrongDimensions {};
+
+/// A row or column index lies outside 0 .. n-1.
+class MatrixIndexOutOfBound {};
+
+/// The operands have different dimensions. The sum and the difference of two
+/// vectors throw this one too.
+class MatrixWrongDimensions {};
+
+/// A column holds no pivot of magnitude at least 1e-8.
+class MatrixIsSingular {};
+
+/// An iterative method has used up its iterations without reaching the
+/// accuracy asked for. The nonlinear solvers throw it too.
+class MaxItersCountAchieved {};
+
+/// A square n × n matrix of doubles, held by rows; indices count from 0.
+/// Copies are deep.
+class Matrix {
+ public:
+  /// The matrix of dimension 0.
+  Matrix() = default;
+
+  /// The n × n matrix of zeros.
+  /// @throws std::bad_alloc for n < 0
+  explicit Matrix(int n);
+
+  /// Row i, a vector of n elements; the column index within it is not checked.
+  /// @throws MatrixIndexOutOfBound for i outside 0 .. n-1
+  std::vector<double>& operator[](int i) {
+    if (i < 0 || i >= dimension()) throw MatrixIndexOutOfBound();
+    return rows[static_cast<std::size_t>(i)];
+  }
+  /// @copydoc operator[](int)
+  const std::vector<double>& operator[](int i) const {
+    if (i < 0 || i >= dimension()) throw MatrixIndexOutOfBound();
+    return rows[static_cast<std::size_t>(i)];
+  }
+
+  /// The number n of rows and of columns.
+  int dimension() const { return static_cast<int>(rows.size()); }
+
+  /// The product with a column vector of length n; every sum runs over j in order.
+  /// @throws MatrixWrongDimensions for a vector of another length
+  std::vector<double> operator*(const std::vector<double>& v) const;
+
+  /// Every element multiplied by s.
+  Matrix operator*(const double& s) const;
+
+  /// The matrix product; the sum of every element runs over k = 0 .. n-1 in order.
+  /// @throws MatrixWrongDimensions for a matrix of another dimension
+  Matrix operator*(const Matrix& b) const;
+
+  /// The element-wise sum.
+  /// @throws MatrixWrongDimensions for a matrix of another dimension
+  Matrix operator+(const Matrix& b) const;
+
+  /// The element-wise difference.
+  /// @throws MatrixWrongDimensions for a matrix of another dimension
+  Matrix operator-(const Matrix& b) const;
+
+  /// The transpose, t[i][j] = a[j][i].
+  Matrix transposed() const;
+
+  /// Exchanges rows i and j; i = j changes nothing.
+  /// @throws MatrixIndexOutOfBound for an index outside 0 .. n-1
+  void swapRows(int i, int j);
+
+  /// Exchanges columns i and j; i = j changes nothing.
+  /// @throws MatrixIndexOutOfBound for an index outside 0 .. n-1
+  void swapColumns(int i, int j);
+
+  /// Overwrites column j with v (length n); the dimension stays as it is.
+  /// @throws MatrixIndexOutOfBound for j outside 0 .. n-1, tested first
+  /// @throws MatrixWrongDimensions for a vector of another length
+  void insertColumn(int j, const std::vector<double>& v);
+
+  /// Rounds every element to two decimals with round(double, int).
+  void doRound();
+
+  /// True when every element with |i - j| > 1 equals 0; NaN does not.
+  bool isTridiagonal() const;
+
+  /// True when no pair a[i][j], a[j][i] differs by more than 1e-5, an absolute
+  /// tolerance. A difference that is NaN counts as none.
+  bool isSymmetrical() const;
+
+ private:
+  void checkIndices(int i, int j) const;
+  void checkDimension(std::size_t n) const;
+
+  std::vector<std::vector<double>> rows;
+};
+
+/// The scalar product of two vectors of one length, summed in index order.
+/// @throws VectorWrongDimensions for different lengths
+double dotProduct(const std::vector<double>& u, const std::vector<double>& v);
+
+/// The element-wise sum of two vectors of one length.
+/// @throws MatrixWrongDimensions for different lengths
+std::vector<double> operator+(const std::vector<double>& u, const std::vector<double>& v);
+
+/// The element-wise difference of two vectors of one length.
+/// @throws MatrixWrongDimensions for different lengths
+std::vector<double> operator-(const std::vector<double>& u, const std::vector<double>& v);
+
+/// The maximum norm, max |v[i]|. NaN elements are passed over; 0 for n = 0.
+double norm(const std::vector<double>& v);
+
+/// The square of the Euclidean length, the sum of v[i]² without a root.
+double norm2(const std::vector<double>& v);
+
+/// The maximum absolute row sum; 0 for dimension 0.
+double norm(const Matrix& a);
+
+/// The root of the sum of squares of the elements strictly below the diagonal:
+/// the off-diagonal mass of a symmetric matrix, of one triangle.
+double off(const Matrix& a);
+
+/// The identity matrix of dimension n.
+/// @throws std::bad_alloc for n < 0
+Matrix getIdentityMatrix(int n);
+
+/// The outer product m[i][j] = u[i]·v[j] of two vectors of length n, n × n.
+/// @throws VectorWrongDimensions for different lengths
+Matrix tensor_product(const std::vector<double>& u, const std::vector<double>& v);
+
+/// x rounded to so many decimal digits, halves away from zero: the rounded
+/// product x·p divided by p, where p is 10 to the power `digits`. The product
+/// is a double: round(1.005, 2) is 1.
+double round(double x, int digits);
+
+/// -1 for x < 0 and for NaN, else +1; both zeros give +1.
+int sign(const double& x);
+
+/// Factorises A (n × n) as P·A = L·U by Gaussian elimination with partial
+/// pivoting (G. H. Golub, C. F. Van Loan, Matrix Computations, 4th ed.,
+/// section 3.4). Of equal candidates the upper row is the pivot.
+///
+/// The outputs are replaced whatever they held. L is unit lower triangular, U
+/// upper triangular up to the rounding residues of the eliminated elements,
+/// which are kept; P is the identity with its rows exchanged; `swaps` counts
+/// the exchanges of two different rows.
+/// @throws MatrixIsSingular where a column holds no pivot of magnitude at
+///   least 1e-8; the outputs then keep the state reached in that column
+void LUPdecomposition(const Matrix& A, Matrix& L, Matrix& U, Matrix& P, int& swaps);
+
+/// Solves L·U·x = P·b by forward and back substitution, for the factors
+/// (n × n) of LUPdecomposition() and b of length n.
+/// @return x, of length n
+/// @throws MatrixWrongDimensions for a vector of another length
+std::vector<double> solveWithLUP(const Matrix& L, const Matrix& U, const Matrix& P,
+                                 const std::vector<double>& b);
+
+/// Solves A·x = b for A n × n and b of length n, and writes L, U, P and the
+/// product P·L·U to the standard error stream.
+/// @return x, of length n
+/// @throws MatrixIsSingular as LUPdecomposition() does, after the start line
+/// @throws MatrixWrongDimensions for a vector of another length, after the
+///   whole trace
+std::vector<double> solveWithLUP(const Matrix& A, const std::vector<double>& b);
+
+#endif

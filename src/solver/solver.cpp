@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include "solver/solver.h"
+
+#include <cassert>
+#include <cmath>
+
+#include "solver/iteration_trace.h"
+#include "trace/trace.h"
+
+// A failed assertion prints its condition, its line and the signature of its
+// function, and that text is what a report of such a failure is told by: the
+// assertions of this file stay on the lines where they are. A test compares
+// the whole text.
+
+SimpleItersProblem::SimpleItersProblem(const std::vector<Function>& mapping,
+                                       const std::vector<double>& initial,
+                                       const double& contraction)
+    : phi(mapping), start(initial), q(contraction) {
+  assert(phi.size() == start.size());
+  assert(1e-8 < q && q < 1.0 - 1e-8);
+}
+
+double SimpleItersProblem::calcPhi(int ind, const std::vector<double>& x) {
+  const int n = size();
+  assert(0 <= ind && ind < n);
+  return phi[static_cast<std::size_t>(ind)](x);
+}
+
+namespace {
+
+// Shared by both methods. The accuracy is tested before the limit, so that
+// the last iteration may still succeed.
+constexpr int kMaxIterations = 100000;
+
+}  // namespace
+
+double vnorm(const std::vector<double>& v) {
+  return std::sqrt(norm2(v));
+}
+
+std::vector<double> solve_nonlinear_system_simple_iters(SimpleItersProblem& problem,
+                                                        const double& eps, int& iters) {
+  Trace trace;
+  trace << "Solve nonlinear system with simple iterations method start.\n";
+  trace.flush();
+  std::vector<double> x = problem.getStart();
+  std::vector<double> prev = x;
+  const double factor = problem.getQ() / (1.0 - problem.getQ());
+  for (int k = 1;; ++k) {
+    writeIterationStart(trace, k);
+    for (int i = 0; i < problem.size(); ++i) {
+      x[static_cast<std::size_t>(i)] = problem.calcPhi(i, prev);
+    }
+    const double estimate = factor * vnorm(x - prev);
+    writeIterationResult(trace, estimate, x);
+    if (eps > estimate) {
+      iters = k;
+      trace << "Solve nonlinear system with simple iterations method stop (target accuracy "
+               "achieved).\n\n";
+      return x;
+    }
+    if (k == kMaxIterations) throw MaxItersCountAchieved();
+    prev = x;
+  }
+}
+
+// The rows of the Jacobi matrix are not measured: their lengths are the
+// caller's to keep.
+NewtonProblem::NewtonProblem(const std::vector<Function>& functions,
+                             const std::vector<double>& initial,
+                             const std::vector<std::vector<Function>>& derivatives)
+    : f(functions), start(initial), jacobi(derivatives) {
+  assert(f.size() == start.size());
+  assert(f.size() == jacobi.size());
+}
+
+double NewtonProblem::calcF(int ind, const std::vector<double>& x) {
+  const int n = size();
+  assert(0 <= ind && ind < n);
+  return f[static_cast<std::size_t>(ind)](x);
+}
+
+double NewtonProblem::calcJacobi(int i, int j, const std::vector<double>& x) {
+  const int n = size();
+  assert(0 <= i && i < n);
+  assert(0 <= j && j < n);
+  return jacobi[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)](x);
+}
+
+std::vector<double> solve_nonlinear_system_newton(NewtonProblem& problem, const double& eps,
+                                                  int& iters) {
+  Trace trace;
+  trace << "Solve nonlinear system with Newton method start.\n";
+  trace.flush();
+  const int n = problem.size();
+  std::vector<double> x = problem.getStart();
+  Matrix W(n);
+  std::vector<double> r(static_cast<std::size_t>(n));
+  for (int k = 1;; ++k) {
+    writeIterationStart(trace, k);
+    for (int i = 0; i < n; ++i)
+      r[static_cast<std::size_t>(i)] = -problem.calcF(i, x);
+    for (int i = 0; i < n; ++i) {
+      for (int j = 0; j < n; ++j)
+        W[i][static_cast<std::size_t>(j)] = problem.calcJacobi(i, j, x);
+    }
+    const std::vector<double> delta = solveWithLUP(W, r);
+    x = x + delta;
+    const double estimate = vnorm(delta);
+    writeIterationResult(trace, estimate, x);
+    if (eps > estimate) {
+      iters = k;
+      trace << "Solve nonlinear system with Newton method stop (target accuracy achieved).\n\n";
+      return x;
+    }
+    if (k == kMaxIterations) throw MaxItersCountAchieved();
+  }
+}

@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#ifndef NORDIKA_SOLVER_SOLVER_H
+#define NORDIKA_SOLVER_SOLVER_H
+
+#include <vector>
+
+#include "expression/functions.h"
+#include "matrix/matrix.h"
+
+/// A system of n equations in the form x = φ(x), with the constant q by which
+/// φ contracts distances and the initial approximation. Owns copies of all it
+/// is given.
+class SimpleItersProblem {
+ public:
+  /// The problem of size 0; q has no value until one is assigned.
+  SimpleItersProblem() = default;
+
+  /// @param mapping the n functions φi
+  /// @param initial the initial approximation, of length n
+  /// @param contraction the constant q
+  /// @pre the lengths agree and 1e-8 < q < 1 - 1e-8; asserted in every build
+  SimpleItersProblem(const std::vector<Function>& mapping, const std::vector<double>& initial,
+                     const double& contraction);
+
+  /// φ of index ind, counted from 0, at x; what the Function throws passes through.
+  /// @pre 0 <= ind < n; asserted in every build
+  double calcPhi(int ind, const std::vector<double>& x);
+
+  /// The initial approximation, of length n.
+  const std::vector<double>& getStart() const { return start; }
+
+  /// The contraction constant q.
+  double getQ() const { return q; }
+
+  /// The number n of functions.
+  int size() const { return static_cast<int>(phi.size()); }
+
+ private:
+  std::vector<Function> phi;
+  std::vector<double> start;
+  double q = 0;
+};
+
+/// A system of n equations in the form f(x) = 0, with the elements of its
+/// Jacobi matrix and the initial approximation. Owns copies of all it is given.
+class NewtonProblem {
+ public:
+  /// The problem of size 0.
+  NewtonProblem() = default;
+
+  /// @param functions the n functions fi
+  /// @param initial the initial approximation, of length n
+  /// @param derivatives n rows of n functions, ∂fi/∂xj in row i, column j
+  /// @pre the three lengths agree; asserted in every build. The lengths of the
+  ///   rows are the caller's to keep.
+  NewtonProblem(const std::vector<Function>& functions, const std::vector<double>& initial,
+                const std::vector<std::vector<Function>>& derivatives);
+
+  /// f of index ind, counted from 0, at x; what the Function throws passes through.
+  /// @pre 0 <= ind < n; asserted in every build
+  double calcF(int ind, const std::vector<double>& x);
+
+  /// ∂fi/∂xj at x, both counted from 0; what the Function throws passes through.
+  /// @pre 0 <= i < n and 0 <= j < n; asserted in every build
+  double calcJacobi(int i, int j, const std::vector<double>& x);
+
+  /// The initial approximation, of length n.
+  const std::vector<double>& getStart() const { return start; }
+
+  /// The number n of functions.
+  int size() const { return static_cast<int>(f.size()); }
+
+ private:
+  std::vector<Function> f;
+  std::vector<double> start;
+  std::vector<std::vector<Function>> jacobi;
+};
+
+/// The Euclidean norm of v, its squares summed in index order; 0 for n = 0.
+double vnorm(const std::vector<double>& v);
+
+/// Solves x = φ(x) by the method of simple iterations: x⁽ᵏ⁾ = φ(x⁽ᵏ⁻¹⁾), all
+/// components from the previous approximation. Stops at the first k with
+/// eps > q / (1 - q) · ‖x⁽ᵏ⁾ - x⁽ᵏ⁻¹⁾‖₂, the a-posteriori bound of the
+/// contraction mapping theorem (J. Stoer, R. Bulirsch, Introduction to
+/// Numerical Analysis, section 5.2). Every iteration is written to the
+/// standard error stream.
+/// @param iters receives k on success; left alone when an exception is thrown
+/// @return the last approximation, of length n
+/// @throws MaxItersCountAchieved when iteration 100000 misses the accuracy,
+///   after its trace; also for NaN estimates, which never meet it
+/// @throws ExpressionBadResult, ExpressionUnknownVariable,
+///   ExpressionWrongFormat from the functions; the trace then ends with the
+///   first line of the failing iteration
+std::vector<double> solve_nonlinear_system_simple_iters(SimpleItersProblem& problem,
+                                                        const double& eps, int& iters);
+
+/// Solves f(x) = 0 by Newton's method: J(x⁽ᵏ⁻¹⁾)·Δ = -f(x⁽ᵏ⁻¹⁾),
+/// x⁽ᵏ⁾ = x⁽ᵏ⁻¹⁾ + Δ (J. Stoer, R. Bulirsch, Introduction to Numerical
+/// Analysis, section 5.1), with the traced LUP solver for each step. Stops at
+/// the first k with eps > ‖Δ‖₂. Every iteration is written to the standard
+/// error stream.
+/// @param iters receives k on success; left alone when an exception is thrown
+/// @return the last approximation, of length n
+/// @throws MatrixIsSingular where the Jacobi matrix has no usable pivot
+/// @throws MaxItersCountAchieved when iteration 100000 misses the accuracy,
+///   after its trace
+/// @throws ExpressionBadResult, ExpressionUnknownVariable,
+///   ExpressionWrongFormat from the functions; the trace then ends with the
+///   first line of the failing iteration
+std::vector<double> solve_nonlinear_system_newton(NewtonProblem& problem, const double& eps,
+                                                  int& iters);
+
+#endif

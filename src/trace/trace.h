@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#ifndef NORDIKA_TRACE_TRACE_H
+#define NORDIKA_TRACE_TRACE_H
+
+#include <string>
+#include <string_view>
+
+/// Gathers lines of the run log in memory and hands them to the standard error
+/// stream at flush(). Whatever was flushed is with the kernel, so that it
+/// outlives the process however that ends; lines between two flushes go out
+/// together. The numbers look as the C++ streams and the C conversions print
+/// them in the "C" locale, whatever locale is in force.
+///
+/// A writer that leaves its scope flushes what it still holds, also when an
+/// exception carries control away.
+class Trace {
+ public:
+  Trace() = default;
+  Trace(const Trace&) = delete;
+  Trace& operator=(const Trace&) = delete;
+  ~Trace() { flush(); }
+
+  /// Appends the text as it stands.
+  Trace& operator<<(std::string_view text);
+
+  /// Appends the number in decimal.
+  Trace& operator<<(int number);
+
+  /// Appends the number with six significant digits, as "%g" prints it.
+  Trace& operator<<(double number);
+
+  /// Appends the number as "%<width>.<decimals>f" prints it.
+  Trace& fixed(double number, int width, int decimals);
+
+  /// Writes everything gathered so far to the standard error stream, after
+  /// what the C library still holds for that stream. What cannot be written
+  /// (a full disk, a closed stream) is dropped: the trace never stops a
+  /// calculation.
+  void flush();
+
+ private:
+  std::string pending;
+};
+
+#endif

@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include "trace/trace.h"
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "capture.h"
+#include "trace/six_digits.h"
+
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+std::string printed(const char* format, double x) {
+  char text[512];
+  std::snprintf(text, sizeof text, format, x);
+  return text;
+}
+
+std::string sixDigits(double x) {
+  char text[kSixDigitsLength];
+  return {text, writeSixDigits(text, x)};
+}
+
+// Values of every magnitude, decimal ties of the seventh digit and their
+// neighbours among them.
+std::vector<double> tellingValues(std::size_t count) {
+  std::mt19937_64 random(6);
+  std::vector<double> values = {0.0,
+                                4.9e-324,
+                                std::numeric_limits<double>::max(),
+                                999999.5,
+                                1e6,
+                                1e-4,
+                                0.00009999995,
+                                2.2250738585072014e-308,
+                                0.5,
+                                1e22,
+                                1e23};
+  while (values.size() < count) {
+    const double any = std::bit_cast<double>(random());
+    if (std::isfinite(any)) values.push_back(any);
+    const auto digits = static_cast<double>(100000 + random() % 900000);
+    const int exponent = static_cast<int>(random() % 40) - 20;
+    const double tie = (digits + 0.5) * std::pow(10.0, exponent);
+    for (const double x : {tie, std::nextafter(tie, 0), std::nextafter(tie, kInfinity)})
+      values.push_back(x);
+    values.push_back(std::strtod(printed("%.6e", any).c_str(), nullptr));
+  }
+  return values;
+}
+
+TEST(SixDigits, AreThoseOfTheCConversions) {
+  for (const double magnitude : tellingValues(400000)) {
+    for (const double x : {magnitude, -magnitude}) {
+      const std::string expected = printed("%g", x);
+      ASSERT_EQ(sixDigits(x), expected);
+      const double back = std::strtod(expected.c_str(), nullptr);
+      ASSERT_EQ(std::bit_cast<std::uint64_t>(roundToSixDigits(x)),
+                std::bit_cast<std::uint64_t>(back))
+          << expected;
+    }
+  }
+  EXPECT_EQ(sixDigits(kInfinity), "inf");
+  EXPECT_EQ(sixDigits(-kInfinity), "-inf");
+  EXPECT_EQ(sixDigits(std::abs(std::nan(""))), "nan");
+}
+
+TEST(Trace, PrintsFixedNumbersAsTheCConversionsDo) {
+  std::vector<double> values = tellingValues(100000);
+  for (double x = -12; x < 12; x += 0.0625)
+    values.push_back(x / 10);
+  for (double x = -4000; x < 4000; x += 0.5)
+    values.push_back(x / 1000);
+  values.insert(values.end(), {kInfinity, -kInfinity, -0.0, -0.0001, 0.0005, 9999.9995, -999.9995});
+  std::string expected;
+  const std::string text = captureTrace([&] {
+    Trace trace;
+    for (const double x : values)
+      trace.fixed(x, 7, 3).fixed(x, 10, 6) << "\n";
+  });
+  for (const double x : values)
+    expected += printed("%7.3f", x) + printed("%10.6f", x) + "\n";
+  EXPECT_EQ(text == expected, true);
+}
+
+TEST(Trace, KeepsProgramOrderWithTheStandardErrorStream) {
+  const std::string text = captureTrace([] {
+    static char buffer[256];
+    std::setvbuf(stderr, buffer, _IOFBF, sizeof buffer);
+    std::fputs("first ", stderr);
+    Trace trace;
+    trace << "second " << -7 << " " << 0.5;
+    trace.flush();
+    std::fputs(" third", stderr);
+    std::fflush(stderr);
+    std::setvbuf(stderr, nullptr, _IONBF, 0);
+  });
+  EXPECT_EQ(text, "first second -7 0.5 third");
+}
+
+TEST(Trace, IsWrittenAtFlushPointsAndWhenItsScopeEnds) {
+  EXPECT_EQ(captureTrace([] {
+              try {
+                Trace trace;
+                trace << "held";
+                EXPECT_EQ(captureTrace([&] { trace.flush(); }), "held");
+                trace << "left";
+                throw 1;
+              } catch (int) {
+              }
+            }),
+            "left");
+}
+
+}  // namespace
