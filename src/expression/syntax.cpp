@@ -28,11 +28,11 @@ bool isType(std::int32_t type) {
 }
 
 bool isOpening(const Token& t) {
-  return t.type == Expression::parenthesis && t.text == "(";
+  return t.text == "(";
 }
 
 bool isClosing(const Token& t) {
-  return t.type == Expression::parenthesis && t.text == ")";
+  return t.text == ")";
 }
 
 bool mayFollow(const Token& current, const Token& next) {
