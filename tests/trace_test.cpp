@@ -87,10 +87,10 @@ TEST(Trace, PrintsFixedNumbersAsTheCConversionsDo) {
   const std::string text = captureTrace([&] {
     Trace trace;
     for (const double x : values)
-      trace.fixed(x, 7, 3).fixed(x, 10, 6) << "\n";
+      trace.cell(x, 7, 3).cell(x, 10, 6) << "\n";
   });
   for (const double x : values)
-    expected += printed("%7.3f", x) + printed("%10.6f", x) + "\n";
+    expected += printed("%7.3f ", x) + printed("%10.6f ", x) + "\n";
   EXPECT_EQ(text == expected, true);
 }
 

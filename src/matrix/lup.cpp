@@ -44,7 +44,7 @@ void writeMatrix(Trace& trace, std::string_view label, const Matrix& a) {
   trace << label << "\n";
   for (int i = 0; i < a.dimension(); ++i) {
     for (const double element : a[i])
-      trace.fixed(element, 7, 3) << " ";
+      trace.cell(element, 7, 3);
     trace << "\n";
   }
 }

@@ -4,7 +4,8 @@
 #ifndef NORDIKA_TRACE_SIX_DIGITS_H
 #define NORDIKA_TRACE_SIX_DIGITS_H
 
-/// The longest text that writeSixDigits() makes, "-1.23457e-308", fits.
+/// The room that writeSixDigits() needs. Its longest text, "-1.23457e-308", is
+/// shorter: it writes more than it returns.
 constexpr int kSixDigitsLength = 16;
 
 /// Writes x as the C conversion "%g" does in the "C" locale: six significant

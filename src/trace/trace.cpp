@@ -9,13 +9,10 @@
 #include <limits>
 #include <unistd.h>
 
+#include "trace/fixed_decimals.h"
 #include "trace/six_digits.h"
 
 namespace {
-
-// The largest double has 309 digits before the point; sign, point and
-// decimals come on top.
-constexpr int kFixedLength = 400;
 
 void writeAll(int file, std::string_view bytes) {
   while (!bytes.empty()) {
@@ -29,6 +26,10 @@ void writeAll(int file, std::string_view bytes) {
 }
 
 }  // namespace
+
+Trace::Trace() {
+  pending.reserve(room.size() / 2);
+}
 
 Trace& Trace::operator<<(std::string_view text) {
   pending += text;
@@ -47,14 +48,11 @@ Trace& Trace::operator<<(double number) {
   return *this;
 }
 
-Trace& Trace::fixed(double number, int width, int decimals) {
-  char text[kFixedLength];
-  const char* end =
-      std::to_chars(text, text + sizeof text, number, std::chars_format::fixed, decimals).ptr;
-  const auto length = static_cast<std::size_t>(end - text);
-  const auto wanted = static_cast<std::size_t>(width);
-  if (length < wanted) pending.append(wanted - length, ' ');
-  pending.append(text, length);
+Trace& Trace::cell(double number, int width, int decimals) {
+  char text[kFixedLength + 1];
+  char* const end = writeFixed(text, number, width, decimals);
+  *end = ' ';
+  pending.append(text, end + 1);
   return *this;
 }
 

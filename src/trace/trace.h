@@ -4,6 +4,9 @@
 #ifndef NORDIKA_TRACE_TRACE_H
 #define NORDIKA_TRACE_TRACE_H
 
+#include <array>
+#include <cstddef>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 
@@ -17,7 +20,7 @@
 /// exception carries control away.
 class Trace {
  public:
-  Trace() = default;
+  Trace();
   Trace(const Trace&) = delete;
   Trace& operator=(const Trace&) = delete;
   ~Trace() { flush(); }
@@ -31,8 +34,9 @@ class Trace {
   /// Appends the number with six significant digits, as "%g" prints it.
   Trace& operator<<(double number);
 
-  /// Appends the number as "%<width>.<decimals>f" prints it.
-  Trace& fixed(double number, int width, int decimals);
+  /// Appends an element of a matrix, as "%<width>.<decimals>f " prints it, the
+  /// blank included; at most 16 wide, 1 to 8 decimals.
+  Trace& cell(double number, int width, int decimals);
 
   /// Writes everything gathered so far to the standard error stream, after
   /// what the C library still holds for that stream. What cannot be written
@@ -41,7 +45,10 @@ class Trace {
   void flush();
 
  private:
-  std::string pending;
+  // The lines between two flushes are few: they rarely leave this room.
+  std::array<std::byte, 4096> room;
+  std::pmr::monotonic_buffer_resource memory{room.data(), room.size()};
+  std::pmr::string pending{&memory};
 };
 
 #endif
