@@ -16,9 +16,30 @@ double checkedResult(double value) {
   return value;
 }
 
-double runUnbound(Program& program) {
-  program.finish();
-  return program.run(nullptr);
+// Where the operands of a program lie; null for a variable without a value.
+// `complete` tells whether all have one and nothing else is wrong.
+void locate(const Program& program, const ValueMap& variables, std::vector<const double*>& places,
+            bool& complete) {
+  places.clear();
+  complete = !program.hasFailed();
+  for (const Program::Operand& operand : program.operands()) {
+    if (!operand.isVariable) {
+      places.push_back(&operand.constant);
+      continue;
+    }
+    const auto place = variables.find(operand.name);
+    const bool found = place != variables.end();
+    places.push_back(found ? &place->second : nullptr);
+    complete = complete && found;
+  }
+}
+
+double runOnce(const Program& program, const ValueMap& variables) {
+  std::vector<const double*> places;
+  bool complete = true;
+  locate(program, variables, places, complete);
+  if (!complete) program.throwFirstFault(places.data());
+  return program.run(places.data());
 }
 
 }  // namespace
@@ -51,13 +72,7 @@ Program Expression::compile(const std::vector<token>& sequence) {
 }
 
 double Expression::calculate(const std::vector<token>& sequence) const {
-  const Program compiled = compile(sequence);
-  std::vector<const double*> values;
-  for (const std::string& name : compiled.variables()) {
-    const auto place = variables.find(name);
-    values.push_back(place == variables.end() ? nullptr : &place->second);
-  }
-  return checkedResult(compiled.run(values.data()));
+  return checkedResult(runOnce(compile(sequence), variables));
 }
 
 double Expression::eval(const std::string& assignments) {
@@ -69,7 +84,8 @@ double Expression::apply_unary(const std::string& op, double x) const {
   Program one;
   one.pushConstant(x);
   one.apply(unaryOperation(op));
-  return runUnbound(one);
+  one.finish();
+  return runOnce(one, {});
 }
 
 double Expression::apply_binary(const std::string& op, double a, double b) const {
@@ -77,22 +93,24 @@ double Expression::apply_binary(const std::string& op, double a, double b) const
   one.pushConstant(a);
   one.pushConstant(b);
   one.apply(binaryOperation(op));
-  return runUnbound(one);
+  one.finish();
+  return runOnce(one, {});
 }
 
 double Expression::apply_function(const std::string& name, double x) const {
   Program one;
   one.pushConstant(x);
   one.apply(functionOperation(name));
-  return runUnbound(one);
+  one.finish();
+  return runOnce(one, {});
 }
 
-void Expression::bindVariables(std::size_t argumentCount) {
+void Expression::bindArguments(std::size_t count) {
   if (binding.generation != variables.generation()) {
     binding.clear();
     binding.generation = variables.generation();
   }
-  while (binding.arguments.size() < argumentCount) {
+  while (binding.arguments.size() < count) {
     std::string name = "x";
     name += std::to_string(binding.arguments.size() + 1);
     binding.arguments.push_back(&variables[name]);
@@ -100,20 +118,18 @@ void Expression::bindVariables(std::size_t argumentCount) {
 }
 
 double Expression::evaluateAt(const std::vector<double>& values) {
-  bindVariables(values.size());
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    *binding.arguments[i] = roundToSixDigits(values[i]);
+  const std::size_t n = values.size();
+  if (binding.generation != variables.generation() || binding.arguments.size() < n) [[unlikely]] {
+    bindArguments(n);
   }
-  if (!binding.complete) {
+  double* const* const arguments = binding.arguments.data();
+  for (std::size_t i = 0; i < n; ++i)
+    *arguments[i] = roundToSixDigits(values[i]);
+  if (!binding.complete) [[unlikely]] {
     // A variable may get its value at any later time, so that a missing one is
     // looked for at every call.
-    binding.complete = true;
-    binding.values.clear();
-    for (const std::string& name : program.variables()) {
-      const auto place = variables.find(name);
-      binding.values.push_back(place == variables.end() ? nullptr : &place->second);
-      if (place == variables.end()) binding.complete = false;
-    }
+    locate(program, variables, binding.places, binding.complete);
+    program.throwFirstFault(binding.places.data());
   }
-  return checkedResult(program.run(binding.values.data()));
+  return checkedResult(program.run(binding.places.data()));
 }

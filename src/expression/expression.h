@@ -149,19 +149,19 @@ class Expression {
 
     void clear() noexcept {
       arguments.clear();
-      values.clear();
+      places.clear();
       complete = false;
     }
 
     std::vector<double*> arguments;
-    std::vector<const double*> values;
+    std::vector<const double*> places;
     bool complete = false;
     std::uint64_t generation = 0;
   };
 
   static Program compile(const std::vector<token>& sequence);
   void appendName(std::string_view name, std::vector<token>& out) const;
-  void bindVariables(std::size_t argumentCount);
+  void bindArguments(std::size_t count);
 
   Program program;
   Binding binding;

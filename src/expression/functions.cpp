@@ -21,6 +21,8 @@ void checkValue(double v) {
 }
 
 void checkValue(const std::vector<double>& v) {
-  for (const double element : v)
-    checkValue(element);
+  for (const double element : v) {
+    if (!std::isfinite(element)) [[unlikely]]
+      throw ExpressionBadResult();
+  }
 }

@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "expression/errors.h"
+#include "expression/square.h"
 
 namespace {
 
@@ -16,139 +18,182 @@ constexpr double kLn2 = 0.6931471805599453;
 // Deeper stacks than this come from the heap.
 constexpr std::size_t kUsualDepth = 32;
 
-// A name met again gets its old index when it is among the first ones; an
+// A name met again gets its old place when that is among the first ones; an
 // expression of very many names stays linear in its length.
-constexpr std::size_t kNamesSearched = 16;
+constexpr std::size_t kOperandsSearched = 16;
 
-// Arguments of the trigonometric functions are in radians. Outside a domain
-// the value is whatever the C library makes of it.
-double applyToOne(Operation operation, double x) {
-  switch (operation) {
-    case Operation::negate:
-      return -x;
-    case Operation::sine:
-      return std::sin(x);
-    case Operation::cosine:
-      return std::cos(x);
-    case Operation::tangent:
-      return std::tan(x);
-    case Operation::cotangent:
-      return 1.0 / std::tan(x);
-    case Operation::arcsine:
-      return std::asin(x);
-    case Operation::arccosine:
-      return std::acos(x);
-    case Operation::arctangent:
-      return std::atan(x);
-    case Operation::arccotangent:
-      return kHalfPi - std::atan(x);
-    case Operation::exponential:
-      return std::exp(x);
-    case Operation::naturalLogarithm:
-      return std::log(x);
-    case Operation::decimalLogarithm:
-      return std::log10(x);
-    case Operation::binaryLogarithm:
-      return std::log(x) / kLn2;
-    case Operation::absolute:
-      return std::abs(x);
-    case Operation::squareRoot:
-      return std::sqrt(x);
-    case Operation::hyperbolicSine:
-      return std::sinh(x);
-    case Operation::hyperbolicCosine:
-      return std::cosh(x);
-    default:
-      return x;
-  }
+double identity(double x) {
+  return x;
 }
+double negated(double x) {
+  return -x;
+}
+double cotangent(double x) {
+  return 1.0 / std::tan(x);
+}
+double arccotangent(double x) {
+  return kHalfPi - std::atan(x);
+}
+double binaryLogarithm(double x) {
+  return std::log(x) / kLn2;
+}
+
+// By operation, from identity on. Outside its domain a function is whatever
+// the C library makes of it.
+constexpr double (*kFunctions[])(double) = {
+    identity,  negated,   std::sin,     std::cos,  std::tan,    cotangent,  std::asin,
+    std::acos, std::atan, arccotangent, std::exp,  std::log,    std::log10, binaryLogarithm,
+    std::fabs, std::sqrt, std::sinh,    std::cosh, squareAsPow,
+};
+static_assert(std::size(kFunctions) ==
+              static_cast<int>(Operation::add) - static_cast<int>(Operation::identity));
 
 }  // namespace
 
 void Program::pushConstant(double value) {
   if (failed) return;
-  code.push_back({Operation::constant, static_cast<std::uint32_t>(constants.size())});
-  constants.push_back(value);
-  maxDepth = std::max(maxDepth, ++depth);
+  values.push_back({true, static_cast<std::uint32_t>(memory.size())});
+  memory.push_back({false, value, {}});
 }
 
 void Program::pushVariable(std::string_view name) {
   if (failed) return;
   const auto searched =
-      names.begin() + static_cast<std::ptrdiff_t>(std::min(names.size(), kNamesSearched));
-  const auto known = std::find(names.begin(), searched, name);
-  const std::size_t index =
-      known != searched ? static_cast<std::size_t>(known - names.begin()) : names.size();
-  if (index == names.size()) names.emplace_back(name);
-  code.push_back({Operation::variable, static_cast<std::uint32_t>(index)});
-  maxDepth = std::max(maxDepth, ++depth);
+      memory.begin() + static_cast<std::ptrdiff_t>(std::min(memory.size(), kOperandsSearched));
+  const auto known = std::find_if(memory.begin(), searched, [name](const Operand& operand) {
+    return operand.isVariable && operand.name == name;
+  });
+  const auto index = known != searched ? known - memory.begin() : std::ssize(memory);
+  values.push_back({true, static_cast<std::uint32_t>(index)});
+  if (index == std::ssize(memory)) memory.push_back({true, 0, std::string(name)});
+}
+
+void Program::emit(Instruction instruction) {
+  if (instruction.loads) maxDepth = std::max(maxDepth, ++depth);
+  code.push_back(instruction);
 }
 
 void Program::apply(Operation operation) {
-  const std::size_t operands = operation >= Operation::add ? 2 : 1;
-  if (operation == Operation::fail || depth < operands) fail();
+  const bool ofTwo = operation >= Operation::add;
+  if (operation == Operation::fail || values.size() < (ofTwo ? 2 : 1)) fail();
   if (failed) return;
-  code.push_back({operation, 0});
-  depth -= operands - 1;
+  if (ofTwo) {
+    applyToTwo(operation);
+  } else {
+    applyToOne(operation);
+  }
+  values.back().inMemory = false;
+}
+
+void Program::applyToOne(Operation operation) {
+  const Value x = values.back();
+  emit({codeOf(operation, Form::onStack), x.inMemory, x.operand, 0});
+}
+
+bool Program::isConstantTwo(const Value& value) const {
+  return value.inMemory && !memory[value.operand].isVariable && memory[value.operand].constant == 2;
+}
+
+void Program::applyToTwo(Operation operation) {
+  const Value right = values.back();
+  values.pop_back();
+  const Value left = values.back();
+  if (operation == Operation::power && isConstantTwo(right)) {
+    applyToOne(Operation::square);
+  } else if (right.inMemory) {
+    emit({codeOf(operation, Form::rightInMemory), left.inMemory, left.operand, right.operand});
+  } else if (left.inMemory) {
+    emit({codeOf(operation, Form::leftInMemory), false, 0, left.operand});
+  } else {
+    emit({codeOf(operation, Form::onStack), false, 0, 0});
+    --depth;
+  }
 }
 
 void Program::fail() {
-  if (failed) return;
-  code.push_back({Operation::fail, 0});
   failed = true;
 }
 
 void Program::finish() {
-  if (depth != 1) fail();
+  if (values.size() != 1) fail();
+  if (failed) return;
+  if (values[0].inMemory) applyToOne(Operation::identity);
+  values = {};
 }
 
-double Program::run(const double* const* values) const {
+void Program::throwFirstFault(const double* const* places) const {
+  for (const Operand& operand : memory) {
+    if (*places++ == nullptr) throw ExpressionUnknownVariable(operand.name);
+  }
+  if (failed) throw ExpressionWrongFormat();
+}
+
+double Program::run(const double* const* places) const {
   if (maxDepth <= kUsualDepth) {
     double stack[kUsualDepth];
-    return runOnStack(stack, values);
+    return runOnStack(stack, places);
   }
   std::vector<double> stack(maxDepth);
-  return runOnStack(stack.data(), values);
+  return runOnStack(stack.data(), places);
 }
 
-double Program::runOnStack(double* stack, const double* const* values) const {
-  double* next = stack;  // the free place above the top
-  for (const Instruction instruction : code) {
-    switch (instruction.operation) {
-      case Operation::constant:
-        *next++ = constants[instruction.index];
+double Program::runOnStack(double* stack, const double* const* places) const {
+  double accumulator = 0;
+  for (const Instruction& instruction : code) {
+    if (instruction.loads) {
+      *stack++ = accumulator;
+      accumulator = *places[instruction.loaded];
+    }
+    switch (instruction.code) {
+      case codeOf(Operation::add, Form::onStack):
+        accumulator = *--stack + accumulator;
         break;
-      case Operation::variable:
-        if (values[instruction.index] == nullptr) {
-          throw ExpressionUnknownVariable(names[instruction.index]);
-        }
-        *next++ = *values[instruction.index];
+      case codeOf(Operation::add, Form::rightInMemory):
+        accumulator = accumulator + *places[instruction.operand];
         break;
-      case Operation::fail:
-        throw ExpressionWrongFormat();
-      case Operation::add:
-        --next;
-        next[-1] += next[0];
+      case codeOf(Operation::add, Form::leftInMemory):
+        accumulator = *places[instruction.operand] + accumulator;
         break;
-      case Operation::subtract:
-        --next;
-        next[-1] -= next[0];
+      case codeOf(Operation::subtract, Form::onStack):
+        accumulator = *--stack - accumulator;
         break;
-      case Operation::multiply:
-        --next;
-        next[-1] *= next[0];
+      case codeOf(Operation::subtract, Form::rightInMemory):
+        accumulator = accumulator - *places[instruction.operand];
         break;
-      case Operation::divide:
-        --next;
-        next[-1] /= next[0];
+      case codeOf(Operation::subtract, Form::leftInMemory):
+        accumulator = *places[instruction.operand] - accumulator;
         break;
-      case Operation::power:
-        --next;
-        next[-1] = std::pow(next[-1], next[0]);
+      case codeOf(Operation::multiply, Form::onStack):
+        accumulator = *--stack * accumulator;
+        break;
+      case codeOf(Operation::multiply, Form::rightInMemory):
+        accumulator = accumulator * *places[instruction.operand];
+        break;
+      case codeOf(Operation::multiply, Form::leftInMemory):
+        accumulator = *places[instruction.operand] * accumulator;
+        break;
+      case codeOf(Operation::divide, Form::onStack):
+        accumulator = *--stack / accumulator;
+        break;
+      case codeOf(Operation::divide, Form::rightInMemory):
+        accumulator = accumulator / *places[instruction.operand];
+        break;
+      case codeOf(Operation::divide, Form::leftInMemory):
+        accumulator = *places[instruction.operand] / accumulator;
+        break;
+      case codeOf(Operation::power, Form::onStack):
+        accumulator = std::pow(*--stack, accumulator);
+        break;
+      case codeOf(Operation::power, Form::rightInMemory):
+        accumulator = std::pow(accumulator, *places[instruction.operand]);
+        break;
+      case codeOf(Operation::power, Form::leftInMemory):
+        accumulator = std::pow(*places[instruction.operand], accumulator);
         break;
       default:
-        next[-1] = applyToOne(instruction.operation, next[-1]);
+        accumulator =
+            kFunctions[instruction.code - codeOf(Operation::identity, Form::onStack)](accumulator);
     }
   }
-  return next[-1];
+  return accumulator;
 }

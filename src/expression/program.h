@@ -9,10 +9,8 @@
 #include <string_view>
 #include <vector>
 
-/// What one instruction of a Program does.
+/// What an instruction of a Program computes.
 enum class Operation : std::uint8_t {
-  constant,
-  variable,
   fail,
   // of one operand
   identity,
@@ -33,6 +31,7 @@ enum class Operation : std::uint8_t {
   squareRoot,
   hyperbolicSine,
   hyperbolicCosine,
+  square,
   // of two operands
   add,
   subtract,
@@ -41,15 +40,24 @@ enum class Operation : std::uint8_t {
   power,
 };
 
-/// A postfix sequence in its last form, for a stack machine: constants are
-/// numbers, variables are indices, and the depth of the stack is known before
-/// the program runs, so that nothing is looked up or tested on the way.
+/// A postfix sequence in its last form, for a machine with an accumulator and
+/// a stack. Constants and variables are places in memory; an operand that lies
+/// there is read where it is used, so that a program is little longer than its
+/// sequence has operators. The depth of the stack is known before the program
+/// runs: nothing is looked up or tested on the way.
 ///
 /// A sequence that underflows the stack or leaves anything but one value on it
-/// compiles all the same: an instruction that throws stands where the fault
-/// is met, so that faults come in the order in which evaluation meets them.
+/// compiles all the same, up to the fault. Arithmetic cannot fail, so that the
+/// fault that evaluation would meet first is known without computing anything.
 class Program {
  public:
+  /// A place in memory that instructions read: a constant or a variable.
+  struct Operand {
+    bool isVariable;
+    double constant;
+    std::string name;
+  };
+
   /// Appends: push a number.
   void pushConstant(double value);
 
@@ -60,35 +68,66 @@ class Program {
   /// fail() does.
   void apply(Operation operation);
 
-  /// Appends: throw ExpressionWrongFormat.
+  /// Appends: throw ExpressionWrongFormat. What follows is ignored.
   void fail();
 
   /// Ends the sequence; it is to be called once, after the last instruction.
   void finish();
 
-  /// The names of the variables, in the order of their indices.
-  const std::vector<std::string>& variables() const { return names; }
+  /// What the instructions read, in the order in which the sequence first
+  /// names it.
+  const std::vector<Operand>& operands() const { return memory; }
 
-  /// Runs the program.
-  /// @param values the address of each variable's value by its index, null
-  ///   where it has none
+  /// Whether the sequence has a fault.
+  bool hasFailed() const { return failed; }
+
+  /// Throws the fault that evaluation would meet first, if there is one.
+  /// @param places the address of each operand's value, null where it has none
+  /// @throws ExpressionUnknownVariable for a variable without a value
+  /// @throws ExpressionWrongFormat for a fault of the sequence
+  void throwFirstFault(const double* const* places) const;
+
+  /// Runs the program, which has no fault.
+  /// @param places the address of each operand's value
   /// @return the one value left, whatever it is, NaN and infinities included
-  /// @throws ExpressionUnknownVariable where a variable without a value is met
-  /// @throws ExpressionWrongFormat where a fault of the sequence is met
-  double run(const double* const* values) const;
+  double run(const double* const* places) const;
 
  private:
-  struct Instruction {
-    Operation operation;
-    std::uint32_t index;  // of the constant or the variable
+  // Where an instruction finds the operands: the right one of two is in the
+  // accumulator unless the form says otherwise.
+  enum class Form : std::uint8_t {
+    onStack,        // left: popped from the stack
+    rightInMemory,  // left: in the accumulator
+    leftInMemory,
   };
 
-  double runOnStack(double* stack, const double* const* values) const;
+  struct Instruction {
+    std::uint8_t code;  // of operation and form
+    bool loads;         // first pushes the accumulator and loads it from `loaded`
+    std::uint32_t loaded;
+    std::uint32_t operand;  // in memory
+  };
+
+  static constexpr std::uint8_t codeOf(Operation operation, Form form) {
+    return static_cast<std::uint8_t>(static_cast<int>(form) * 32 + static_cast<int>(operation));
+  }
+
+  // A value during compilation: still in memory, or computed by then.
+  struct Value {
+    bool inMemory;
+    std::uint32_t operand;
+  };
+
+  void applyToOne(Operation operation);
+  void applyToTwo(Operation operation);
+  void emit(Instruction instruction);
+  bool isConstantTwo(const Value& value) const;
+  double runOnStack(double* stack, const double* const* places) const;
 
   std::vector<Instruction> code;
-  std::vector<double> constants;
-  std::vector<std::string> names;
-  std::size_t depth = 0;
+  std::vector<Operand> memory;
+  std::vector<Value> values;  // on the stack of the compilation
+  std::size_t depth = 0;      // of the stack of the machine
   std::size_t maxDepth = 0;
   bool failed = false;
 };

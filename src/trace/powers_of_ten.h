@@ -85,7 +85,7 @@ inline constexpr auto kPowers = make();
 }  // namespace powers_of_ten_detail
 
 /// 10^k for kSmallestPower <= k <= kLargestPower; the last is infinite.
-inline const PowerOfTen& powerOfTen(int k) {
+constexpr const PowerOfTen& powerOfTen(int k) {
   return powers_of_ten_detail::kPowers[static_cast<std::size_t>(k - kSmallestPower)];
 }
 
