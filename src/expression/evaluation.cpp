@@ -7,7 +7,6 @@
 #include "expression/builtins.h"
 #include "expression/expression.h"
 #include "expression/number.h"
-#include "trace/six_digits.h"
 
 namespace {
 
@@ -39,7 +38,7 @@ double runOnce(const Program& program, const ValueMap& variables) {
   bool complete = true;
   locate(program, variables, places, complete);
   if (!complete) program.throwFirstFault(places.data());
-  return program.run(places.data());
+  return program.link(places.data()).run();
 }
 
 }  // namespace
@@ -117,19 +116,20 @@ void Expression::bindArguments(std::size_t count) {
   }
 }
 
-double Expression::evaluateAt(const std::vector<double>& values) {
-  const std::size_t n = values.size();
+double Expression::evaluateAt(const double* rounded, std::size_t n) {
   if (binding.generation != variables.generation() || binding.arguments.size() < n) [[unlikely]] {
     bindArguments(n);
   }
   double* const* const arguments = binding.arguments.data();
   for (std::size_t i = 0; i < n; ++i)
-    *arguments[i] = roundToSixDigits(values[i]);
+    *arguments[i] = rounded[i];
   if (!binding.complete) [[unlikely]] {
     // A variable may get its value at any later time, so that a missing one is
     // looked for at every call.
-    locate(program, variables, binding.places, binding.complete);
-    program.throwFirstFault(binding.places.data());
+    std::vector<const double*> places;
+    locate(program, variables, places, binding.complete);
+    if (!binding.complete) program.throwFirstFault(places.data());
+    binding.linked = program.link(places.data());
   }
-  return checkedResult(program.run(binding.places.data()));
+  return checkedResult(binding.linked.run());
 }

@@ -4,6 +4,7 @@
 #ifndef NORDIKA_EXPRESSION_EXPRESSION_H
 #define NORDIKA_EXPRESSION_EXPRESSION_H
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -130,11 +131,11 @@ class Expression {
   std::vector<token> postfix;  ///< the compiled text, for reading only
 
  protected:
-  /// Binds x1 .. xn to the values, rounded to six significant digits, and
-  /// evaluates: what eval() does with the text "x1 = ... xn = ", without the
-  /// text. The values are finite.
+  /// Binds x1 .. xn to n values and evaluates: what eval() does with the text
+  /// "x1 = ... xn = ", without the text. The values are finite and have six
+  /// significant digits.
   /// @throws what eval() throws
-  double evaluateAt(const std::vector<double>& values);
+  double evaluateAt(const double* rounded, std::size_t n);
 
  private:
   // Where the values of this object's variables lie; of no use to a copy.
@@ -149,12 +150,11 @@ class Expression {
 
     void clear() noexcept {
       arguments.clear();
-      places.clear();
       complete = false;
     }
 
     std::vector<double*> arguments;
-    std::vector<const double*> places;
+    LinkedProgram linked;
     bool complete = false;
     std::uint64_t generation = 0;
   };

@@ -4,6 +4,21 @@
 #include "expression/functions.h"
 
 #include <cmath>
+#include <iterator>
+
+#include "trace/six_digits.h"
+
+RoundedPoint::RoundedPoint(const std::vector<double>& x) : n(x.size()) {
+  checkValue(x);
+  double* rounded = few;
+  if (n > std::size(few)) {
+    many.resize(n);
+    rounded = many.data();
+  }
+  for (std::size_t i = 0; i < n; ++i)
+    rounded[i] = roundToSixDigits(x[i]);
+  elements = rounded;
+}
 
 Function::Function(const std::string& expr) : Expression(expr) {}
 
@@ -12,8 +27,7 @@ Function::Function(const std::string& expr, const std::string& parameters) : Exp
 }
 
 double Function::operator()(const std::vector<double>& x) {
-  checkValue(x);
-  return evaluateAt(x);
+  return at(RoundedPoint(x));
 }
 
 void checkValue(double v) {

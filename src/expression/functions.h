@@ -4,10 +4,33 @@
 #ifndef NORDIKA_EXPRESSION_FUNCTIONS_H
 #define NORDIKA_EXPRESSION_FUNCTIONS_H
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
 #include "expression/expression.h"
+
+/// A point checked and rounded once for all functions that are called with it.
+class RoundedPoint {
+ public:
+  /// Rounds each element of x, of length n, to six significant digits.
+  /// @throws ExpressionBadResult for an element that is NaN or infinite
+  explicit RoundedPoint(const std::vector<double>& x);
+  RoundedPoint(const RoundedPoint&) = delete;
+  RoundedPoint& operator=(const RoundedPoint&) = delete;
+
+  /// The rounded elements.
+  const double* data() const { return elements; }
+
+  /// The number n of elements.
+  std::size_t size() const { return n; }
+
+ private:
+  std::size_t n;
+  double few[8];  // the elements, unless there are more
+  std::vector<double> many;
+  const double* elements;
+};
 
 /// A function of x1 .. xn and of fixed parameters, compiled from text.
 class Function : public Expression {
@@ -30,6 +53,10 @@ class Function : public Expression {
   /// @throws ExpressionWrongFormat for an operator without a unary form that
   ///   leads the text or a parenthesis
   double operator()(const std::vector<double>& x);
+
+  /// The same at a point that several functions share.
+  /// @throws what operator()() throws, the arguments excepted
+  double at(const RoundedPoint& x) { return evaluateAt(x.data(), x.size()); }
 };
 
 /// Passes finite values.

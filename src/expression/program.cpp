@@ -87,7 +87,7 @@ void Program::apply(Operation operation) {
 
 void Program::applyToOne(Operation operation) {
   const Value x = values.back();
-  emit({codeOf(operation, Form::onStack), x.inMemory, x.operand, 0});
+  emit({LinkedProgram::codeOf(operation, Form::onStack), x.inMemory, x.operand, 0});
 }
 
 bool Program::isConstantTwo(const Value& value) const {
@@ -101,11 +101,12 @@ void Program::applyToTwo(Operation operation) {
   if (operation == Operation::power && isConstantTwo(right)) {
     applyToOne(Operation::square);
   } else if (right.inMemory) {
-    emit({codeOf(operation, Form::rightInMemory), left.inMemory, left.operand, right.operand});
+    emit({LinkedProgram::codeOf(operation, Form::rightInMemory), left.inMemory, left.operand,
+          right.operand});
   } else if (left.inMemory) {
-    emit({codeOf(operation, Form::leftInMemory), false, 0, left.operand});
+    emit({LinkedProgram::codeOf(operation, Form::leftInMemory), false, 0, left.operand});
   } else {
-    emit({codeOf(operation, Form::onStack), false, 0, 0});
+    emit({LinkedProgram::codeOf(operation, Form::onStack), false, 0, 0});
     --depth;
   }
 }
@@ -128,67 +129,69 @@ void Program::throwFirstFault(const double* const* places) const {
   if (failed) throw ExpressionWrongFormat();
 }
 
-double Program::run(const double* const* places) const {
-  if (maxDepth <= kUsualDepth) {
-    double stack[kUsualDepth];
-    return runOnStack(stack, places);
+LinkedProgram Program::link(const double* const* places) const {
+  LinkedProgram linked;
+  linked.maxDepth = maxDepth;
+  linked.code.reserve(code.size());
+  for (const Instruction& instruction : code) {
+    linked.code.push_back({instruction.code, instruction.loads, places[instruction.loaded],
+                           places[instruction.operand]});
   }
-  std::vector<double> stack(maxDepth);
-  return runOnStack(stack.data(), places);
+  return linked;
 }
 
-double Program::runOnStack(double* stack, const double* const* places) const {
+[[gnu::always_inline]] inline double LinkedProgram::runOnStack(double* stack) const {
   double accumulator = 0;
   for (const Instruction& instruction : code) {
     if (instruction.loads) {
       *stack++ = accumulator;
-      accumulator = *places[instruction.loaded];
+      accumulator = *instruction.loaded;
     }
     switch (instruction.code) {
       case codeOf(Operation::add, Form::onStack):
         accumulator = *--stack + accumulator;
         break;
       case codeOf(Operation::add, Form::rightInMemory):
-        accumulator = accumulator + *places[instruction.operand];
+        accumulator = accumulator + *instruction.operand;
         break;
       case codeOf(Operation::add, Form::leftInMemory):
-        accumulator = *places[instruction.operand] + accumulator;
+        accumulator = *instruction.operand + accumulator;
         break;
       case codeOf(Operation::subtract, Form::onStack):
         accumulator = *--stack - accumulator;
         break;
       case codeOf(Operation::subtract, Form::rightInMemory):
-        accumulator = accumulator - *places[instruction.operand];
+        accumulator = accumulator - *instruction.operand;
         break;
       case codeOf(Operation::subtract, Form::leftInMemory):
-        accumulator = *places[instruction.operand] - accumulator;
+        accumulator = *instruction.operand - accumulator;
         break;
       case codeOf(Operation::multiply, Form::onStack):
         accumulator = *--stack * accumulator;
         break;
       case codeOf(Operation::multiply, Form::rightInMemory):
-        accumulator = accumulator * *places[instruction.operand];
+        accumulator = accumulator * *instruction.operand;
         break;
       case codeOf(Operation::multiply, Form::leftInMemory):
-        accumulator = *places[instruction.operand] * accumulator;
+        accumulator = *instruction.operand * accumulator;
         break;
       case codeOf(Operation::divide, Form::onStack):
         accumulator = *--stack / accumulator;
         break;
       case codeOf(Operation::divide, Form::rightInMemory):
-        accumulator = accumulator / *places[instruction.operand];
+        accumulator = accumulator / *instruction.operand;
         break;
       case codeOf(Operation::divide, Form::leftInMemory):
-        accumulator = *places[instruction.operand] / accumulator;
+        accumulator = *instruction.operand / accumulator;
         break;
       case codeOf(Operation::power, Form::onStack):
         accumulator = std::pow(*--stack, accumulator);
         break;
       case codeOf(Operation::power, Form::rightInMemory):
-        accumulator = std::pow(accumulator, *places[instruction.operand]);
+        accumulator = std::pow(accumulator, *instruction.operand);
         break;
       case codeOf(Operation::power, Form::leftInMemory):
-        accumulator = std::pow(*places[instruction.operand], accumulator);
+        accumulator = std::pow(*instruction.operand, accumulator);
         break;
       default:
         accumulator =
@@ -196,4 +199,13 @@ double Program::runOnStack(double* stack, const double* const* places) const {
     }
   }
   return accumulator;
+}
+
+double LinkedProgram::run() const {
+  if (maxDepth <= kUsualDepth) {
+    double stack[kUsualDepth];
+    return runOnStack(stack);
+  }
+  std::vector<double> stack(maxDepth);
+  return runOnStack(stack.data());
 }

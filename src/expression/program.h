@@ -40,11 +40,46 @@ enum class Operation : std::uint8_t {
   power,
 };
 
-/// A postfix sequence in its last form, for a machine with an accumulator and
-/// a stack. Constants and variables are places in memory; an operand that lies
-/// there is read where it is used, so that a program is little longer than its
-/// sequence has operators. The depth of the stack is known before the program
-/// runs: nothing is looked up or tested on the way.
+/// A program whose operands have their places in memory: instructions for a
+/// machine with an accumulator and a stack.
+class LinkedProgram {
+ public:
+  /// Computes the one value left, whatever it is, NaN and infinities included.
+  double run() const;
+
+ private:
+  friend class Program;
+
+  // Where an instruction finds two operands: the right one is in the
+  // accumulator unless the form says otherwise.
+  enum class Form : std::uint8_t {
+    onStack,        // left: popped from the stack
+    rightInMemory,  // left: in the accumulator
+    leftInMemory,
+  };
+
+  struct Instruction {
+    std::uint8_t code;  // of operation and form
+    bool loads;         // first pushes the accumulator and loads it
+    const double* loaded;
+    const double* operand;  // in memory
+  };
+
+  static constexpr std::uint8_t codeOf(Operation operation, Form form) {
+    return static_cast<std::uint8_t>(static_cast<int>(form) * 32 + static_cast<int>(operation));
+  }
+
+  double runOnStack(double* stack) const;
+
+  std::vector<Instruction> code;
+  std::size_t maxDepth = 0;
+};
+
+/// A postfix sequence compiled for that machine. Constants and variables are
+/// places in memory; an operand that lies there is read where it is used, so
+/// that a program is little longer than its sequence has operators. The depth
+/// of the stack is known before the program runs: nothing is looked up or
+/// tested on the way.
 ///
 /// A sequence that underflows the stack or leaves anything but one value on it
 /// compiles all the same, up to the fault. Arithmetic cannot fail, so that the
@@ -87,30 +122,22 @@ class Program {
   /// @throws ExpressionWrongFormat for a fault of the sequence
   void throwFirstFault(const double* const* places) const;
 
-  /// Runs the program, which has no fault.
-  /// @param places the address of each operand's value
-  /// @return the one value left, whatever it is, NaN and infinities included
-  double run(const double* const* places) const;
+  /// Makes the program ready to run on operands at fixed places. It has no
+  /// fault.
+  /// @param places the address of each operand's value; they stay valid as long
+  ///   as the result is used
+  LinkedProgram link(const double* const* places) const;
 
  private:
-  // Where an instruction finds the operands: the right one of two is in the
-  // accumulator unless the form says otherwise.
-  enum class Form : std::uint8_t {
-    onStack,        // left: popped from the stack
-    rightInMemory,  // left: in the accumulator
-    leftInMemory,
-  };
+  using Form = LinkedProgram::Form;
 
+  // As in the linked program, with the numbers of the operands.
   struct Instruction {
-    std::uint8_t code;  // of operation and form
-    bool loads;         // first pushes the accumulator and loads it from `loaded`
+    std::uint8_t code;
+    bool loads;
     std::uint32_t loaded;
-    std::uint32_t operand;  // in memory
+    std::uint32_t operand;
   };
-
-  static constexpr std::uint8_t codeOf(Operation operation, Form form) {
-    return static_cast<std::uint8_t>(static_cast<int>(form) * 32 + static_cast<int>(operation));
-  }
 
   // A value during compilation: still in memory, or computed by then.
   struct Value {
@@ -122,7 +149,6 @@ class Program {
   void applyToTwo(Operation operation);
   void emit(Instruction instruction);
   bool isConstantTwo(const Value& value) const;
-  double runOnStack(double* stack, const double* const* places) const;
 
   std::vector<Instruction> code;
   std::vector<Operand> memory;

@@ -8,6 +8,10 @@
 
 #include "trace/trace.h"
 
+/// The number of iterations that both methods compute at most. The accuracy is
+/// tested before the limit, so that the last one may still succeed.
+constexpr int kMaxIterations = 100000;
+
 /// Writes the first line of iteration k, before anything of it is computed: an
 /// iteration that fails leaves this line behind.
 inline void writeIterationStart(Trace& trace, int k) {

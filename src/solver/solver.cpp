@@ -28,13 +28,13 @@ double SimpleItersProblem::calcPhi(int ind, const std::vector<double>& x) {
   return phi[static_cast<std::size_t>(ind)](x);
 }
 
-namespace {
-
-// Shared by both methods. The accuracy is tested before the limit, so that
-// the last iteration may still succeed.
-constexpr int kMaxIterations = 100000;
-
-}  // namespace
+void SimpleItersProblem::calcAllPhi(const std::vector<double>& x, std::vector<double>& values) {
+  if (phi.empty()) return;
+  const RoundedPoint point(x);
+  for (std::size_t i = 0; i < phi.size(); ++i) {
+    values[i] = phi[i].at(point);
+  }
+}
 
 double vnorm(const std::vector<double>& v) {
   return std::sqrt(norm2(v));
@@ -50,11 +50,11 @@ std::vector<double> solve_nonlinear_system_simple_iters(SimpleItersProblem& prob
   const double factor = problem.getQ() / (1.0 - problem.getQ());
   for (int k = 1;; ++k) {
     writeIterationStart(trace, k);
-    for (int i = 0; i < problem.size(); ++i) {
-      x[static_cast<std::size_t>(i)] = problem.calcPhi(i, prev);
-    }
+    problem.calcAllPhi(prev, x);
     const double estimate = factor * vnorm(x - prev);
     writeIterationResult(trace, estimate, x);
+    // A NaN is never below eps: such a run goes on until a function or the
+    // limit ends it.
     if (eps > estimate) {
       iters = k;
       trace << "Solve nonlinear system with simple iterations method stop (target accuracy "
@@ -87,6 +87,19 @@ double NewtonProblem::calcJacobi(int i, int j, const std::vector<double>& x) {
   assert(0 <= i && i < n);
   assert(0 <= j && j < n);
   return jacobi[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)](x);
+}
+
+void NewtonProblem::calcAll(const std::vector<double>& x, std::vector<double>& negative,
+                            Matrix& J) {
+  if (f.empty()) return;
+  const RoundedPoint point(x);
+  for (std::size_t i = 0; i < f.size(); ++i)
+    negative[i] = -f[i].at(point);
+  for (int i = 0; i < size(); ++i) {
+    std::vector<Function>& row = jacobi[static_cast<std::size_t>(i)];
+    for (std::size_t j = 0; j < f.size(); ++j)
+      J[i][j] = row[j].at(point);
+  }
 }
 
 std::vector<double> solve_nonlinear_system_newton(NewtonProblem& problem, const double& eps,

@@ -28,6 +28,10 @@ class SimpleItersProblem {
   /// @pre 0 <= ind < n; asserted in every build
   double calcPhi(int ind, const std::vector<double>& x);
 
+  /// All of φ at x, in the order of the indices, into `values`, of length n.
+  /// @throws what the Functions throw; the values before it are written
+  void calcAllPhi(const std::vector<double>& x, std::vector<double>& values);
+
   /// The initial approximation, of length n.
   const std::vector<double>& getStart() const { return start; }
 
@@ -65,6 +69,11 @@ class NewtonProblem {
   /// ∂fi/∂xj at x, both counted from 0; what the Function throws passes through.
   /// @pre 0 <= i < n and 0 <= j < n; asserted in every build
   double calcJacobi(int i, int j, const std::vector<double>& x);
+
+  /// All of -f at x into `negative`, of length n, then the Jacobi matrix, row
+  /// by row, into J, n × n.
+  /// @throws what the Functions throw; the values before it are written
+  void calcAll(const std::vector<double>& x, std::vector<double>& negative, Matrix& J);
 
   /// The initial approximation, of length n.
   const std::vector<double>& getStart() const { return start; }
