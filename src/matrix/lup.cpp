@@ -11,6 +11,15 @@ namespace {
 
 constexpr double kSmallestPivot = 1e-8;
 
+// Keeps the matrix's memory where it has the dimension already.
+void makeIdentity(Matrix& a, int n) {
+  if (a.dimension() != n) a = Matrix(n);
+  for (int i = 0; i < n; ++i) {
+    a[i].assign(static_cast<std::size_t>(n), 0.0);
+    a[i][static_cast<std::size_t>(i)] = 1;
+  }
+}
+
 // The row of the largest element of column k on or below the diagonal, the
 // upper one of equals; NaN is never chosen.
 int findPivot(const Matrix& U, int k) {
@@ -53,8 +62,8 @@ void writeMatrix(Trace& trace, std::string_view label, const Matrix& a) {
 
 void LUPdecomposition(const Matrix& A, Matrix& L, Matrix& U, Matrix& P, int& swaps) {
   const int n = A.dimension();
-  L = getIdentityMatrix(n);
-  P = getIdentityMatrix(n);
+  makeIdentity(L, n);
+  makeIdentity(P, n);
   U = A;
   swaps = 0;
   for (int k = 0; k < n; ++k) {

@@ -49,24 +49,6 @@ Matrix Matrix::operator*(const double& s) const {
   return product;
 }
 
-Matrix Matrix::operator*(const Matrix& b) const {
-  checkDimension(b.rows.size());
-  const std::size_t n = rows.size();
-  Matrix product(dimension());
-  // k outside j streams whole rows; every element still gathers its terms in
-  // the order of k.
-  for (std::size_t i = 0; i < n; ++i) {
-    double* const sums = product.rows[i].data();
-    for (std::size_t k = 0; k < n; ++k) {
-      const double factor = rows[i][k];
-      const double* const row = b.rows[k].data();
-      for (std::size_t j = 0; j < n; ++j)
-        sums[j] += factor * row[j];
-    }
-  }
-  return product;
-}
-
 Matrix Matrix::operator+(const Matrix& b) const {
   checkDimension(b.rows.size());
   Matrix sum = *this;
