@@ -147,7 +147,7 @@ class Program {
 
   void applyToOne(Operation operation);
   void applyToTwo(Operation operation);
-  void emit(Instruction instruction);
+  void append(Instruction instruction);
   bool isConstantTwo(const Value& value) const;
 
   std::vector<Instruction> code;

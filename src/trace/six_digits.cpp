@@ -126,7 +126,8 @@ char* writeSixDigits(char* out, double x) {
   const int whole = withExponent ? 1 : e + 1;  // digits before the point
   // Eight bytes are copied every time; those past the used ones are dropped.
   if (whole <= 0) {
-    std::memcpy(out, "0.000000", 8);
+    constexpr char kLeading[] = {'0', '.', '0', '0', '0'};
+    std::memcpy(out, kLeading, sizeof kLeading);
     out += 2 - whole;
     std::memcpy(out, &text, 8);
     return out + used;

@@ -1,0 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include "decimal_box.h"
+
+QValidator::State DecimalBox::validate(QString& input, int& pos) const {
+  input.replace(QLatin1Char(','), QLatin1Char('.'));
+  return QDoubleSpinBox::validate(input, pos);
+}

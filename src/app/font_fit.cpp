@@ -1,0 +1,139 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include "font_fit.h"
+
+#include <algorithm>
+#include <iterator>
+#include <numeric>
+
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
+#include <QFontInfo>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QStyle>
+#include <QStyleOption>
+
+namespace {
+
+// What a line edit keeps free on both sides of its text, and the cursor.
+constexpr int kLineEditMargins = 2 * 2 + 1;
+
+QSize roomInLineEdit(const QRect& contents) {
+  return {contents.width() - kLineEditMargins, contents.height()};
+}
+
+QSize roomFor(const QWidget& widget) {
+  const QStyle* style = widget.style();
+  if (qobject_cast<const QAbstractSpinBox*>(&widget) != nullptr) {
+    QStyleOptionSpinBox option;
+    option.initFrom(&widget);
+    option.subControls = QStyle::SC_All;
+    return roomInLineEdit(
+        style->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxEditField, &widget));
+  }
+  if (qobject_cast<const QLineEdit*>(&widget) != nullptr) {
+    QStyleOptionFrame option;
+    option.initFrom(&widget);
+    option.lineWidth = style->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, &widget);
+    return roomInLineEdit(style->subElementRect(QStyle::SE_LineEditContents, &option, &widget));
+  }
+  if (qobject_cast<const QAbstractButton*>(&widget) != nullptr) {
+    QStyleOptionButton option;
+    option.initFrom(&widget);
+    const bool radio = qobject_cast<const QRadioButton*>(&widget) != nullptr;
+    return style
+        ->subElementRect(radio ? QStyle::SE_RadioButtonContents : QStyle::SE_PushButtonContents,
+                         &option, &widget)
+        .size();
+  }
+  return widget.size();
+}
+
+// The extent, in points of the screen, of what the label draws when it has this size.
+QSize inkSize(QLabel& label, const QSize& size) {
+  label.resize(size);
+  QImage image(size * label.devicePixelRatioF(), QImage::Format_Grayscale8);
+  image.setDevicePixelRatio(label.devicePixelRatioF());
+  image.fill(Qt::white);
+  label.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+  const auto isInk = [](uchar grey) { return grey != 255; };
+  QRect ink;
+  for (int y = 0; y < image.height(); ++y) {
+    const uchar* const begin = image.constScanLine(y);
+    const uchar* const end = begin + image.width();
+    const uchar* const first = std::find_if(begin, end, isInk);
+    if (first == end) continue;
+    const uchar* last = end - 1;
+    while (!isInk(*last))
+      --last;
+    ink |= QRect(QPoint(static_cast<int>(first - begin), y),
+                 QPoint(static_cast<int>(last - begin), y));
+  }
+  return ink.size();
+}
+
+// Rich text is laid out in ways of its own; it is drawn to see.
+int lostOfRichText(const ShownText& shown) {
+  QLabel label(shown.text, shown.widget->window());
+  label.setFont(shown.widget->font());
+  QPalette blackOnWhite(Qt::white);
+  blackOnWhite.setColor(QPalette::WindowText, Qt::black);
+  label.setPalette(blackOnWhite);
+  const QSize room = roomFor(*shown.widget);
+  const QSize lost = inkSize(label, label.sizeHint().expandedTo(room)) - inkSize(label, room);
+  return lost.width() + lost.height();
+}
+
+// Down, the letters count and not the line: line heights promise more room
+// than the letters need.
+int lostOfPlainText(const ShownText& shown) {
+  const QSize room = roomFor(*shown.widget);
+  const QFontMetrics metrics(shown.widget->font());
+  const QRect ink = metrics.tightBoundingRect(shown.text);
+  const int baseline = (room.height() - metrics.height()) / 2 + metrics.ascent();
+  return std::max(metrics.horizontalAdvance(shown.text) - room.width(), 0) +
+         std::max(-(baseline + ink.top()), 0) +
+         std::max(baseline + ink.bottom() + 1 - room.height(), 0);
+}
+
+// How many pixels of the text, across and down, the widget has no room for.
+int lostPixels(const ShownText& shown) {
+  if (shown.text.isEmpty()) return 0;
+  return Qt::mightBeRichText(shown.text) ? lostOfRichText(shown) : lostOfPlainText(shown);
+}
+
+}  // namespace
+
+bool showsWhole(const ShownText& shown) {
+  return lostPixels(shown) == 0;
+}
+
+void fitFontFamily(QWidget& window, const std::vector<ShownText>& texts,
+                   const QStringList& families) {
+  QList<QFont> fonts = {window.font()};
+  for (const QString& family : families) {
+    QFont font = window.font();
+    font.setFamilies({family});
+    // What stands in for a family that is not installed may be any, a serif
+    // one even.
+    if (QFontInfo(font).family().startsWith(family)) fonts.append(font);
+  }
+  // Most families are out with the first text that does not fit.
+  for (const QFont& font : fonts) {
+    window.setFont(font);
+    if (std::all_of(texts.begin(), texts.end(), showsWhole)) return;
+  }
+  const auto loss = [&](const QFont& font) {
+    window.setFont(font);
+    return std::accumulate(texts.begin(), texts.end(), 0,
+                           [](int sum, const ShownText& shown) { return sum + lostPixels(shown); });
+  };
+  QList<int> losses;
+  std::transform(fonts.begin(), fonts.end(), std::back_inserter(losses), loss);
+  const auto least = std::min_element(losses.begin(), losses.end()) - losses.begin();
+  window.setFont(fonts[static_cast<int>(least)]);
+}

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#ifndef NORDIKA_APP_ROW_H
+#define NORDIKA_APP_ROW_H
+
+#include <array>
+
+#include "ui_widget.h"
+
+/// The widgets that belong to one equation and its unknown.
+struct Row {
+  /// The label in front of the equation.
+  QLabel* before;
+  /// The text of the equation.
+  QLineEdit* equation;
+  /// The label behind the equation.
+  QLabel* after;
+  /// The label of the initial value.
+  QLabel* initLabel;
+  /// The initial value.
+  QDoubleSpinBox* init;
+  /// The label of the result.
+  QLabel* resultLabel;
+  /// The result.
+  QLineEdit* result;
+
+  /// Shows or hides all of them.
+  void setVisible(bool visible) const {
+    for (QWidget* widget : std::initializer_list<QWidget*>{before, equation, after, initLabel, init,
+                                                           resultLabel, result})
+      widget->setVisible(visible);
+  }
+};
+
+/// The four rows of the form, in order.
+inline std::array<Row, 4> rowsOf(const Ui_Widget& ui) {
+  return {{{ui.label_phi_1, ui.eq_1, ui.label_eq_1, ui.label_init_x_1, ui.init_x_1,
+            ui.label_res_x_1, ui.res_x_1},
+           {ui.label_phi_2, ui.eq_2, ui.label_eq_2, ui.label_init_x_2, ui.init_x_2,
+            ui.label_res_x_2, ui.res_x_2},
+           {ui.label_phi_3, ui.eq_3, ui.label_eq_3, ui.label_init_x_3, ui.init_x_3,
+            ui.label_res_x_3, ui.res_x_3},
+           {ui.label_phi_4, ui.eq_4, ui.label_eq_4, ui.label_init_x_4, ui.init_x_4,
+            ui.label_res_x_4, ui.res_x_4}}};
+}
+
+#endif

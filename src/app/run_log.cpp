@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include "run_log.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <fcntl.h>
+#include <string>
+#include <unistd.h>
+
+#include <QString>
+
+namespace {
+
+// Where the standard error stream led when the process started.
+int terminal = -1;
+
+void writeToTerminal(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+  const QString line = qFormatLogMessage(type, context, message);
+  if (!line.isNull()) dprintf(terminal, "%s\n", qPrintable(line));
+}
+
+}  // namespace
+
+RunLogName runLogName(std::time_t start) {
+  std::string moment = std::ctime(&start);
+  moment.pop_back();
+  std::replace_if(
+      moment.begin(), moment.end(), [](char c) { return c == ':' || c == ' '; }, '-');
+  RunLogName name{};
+  std::snprintf(name.data(), name.size(), "log-%s.txt", moment.c_str());
+  return name;
+}
+
+bool openRunLog(const char* name) {
+  // A second window finds the stream redirected already.
+  if (terminal < 0) terminal = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+  qInstallMessageHandler(writeToTerminal);
+  if (std::freopen(name, "w", stderr) != nullptr) {
+    std::setbuf(stderr, nullptr);  // as it was: a file makes it buffered
+    return true;
+  }
+  // The failure has freed the descriptor. Nothing else may get its number, or
+  // the libraries' messages would end up in a file or socket of the toolkit.
+  dup2(terminal, STDERR_FILENO);
+  return false;
+}

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#ifndef NORDIKA_APP_RUN_LOG_H
+#define NORDIKA_APP_RUN_LOG_H
+
+#include <array>
+#include <ctime>
+
+/// A file name that ends in a NUL character.
+using RunLogName = std::array<char, 100>;
+
+/// The name of the run log of a process started at the given time, local time:
+/// "log-Sun-Nov-15-16-25-52-2026.txt". A day below 10 gives two dashes.
+RunLogName runLogName(std::time_t start);
+
+/// Reopens the standard error stream onto the named file, which is created or
+/// truncated. What the toolkit itself has to say still goes where that stream
+/// led before, so that the file holds nothing but what the program writes.
+/// @return false when the file cannot be opened; the standard error stream is
+///   then closed
+bool openRunLog(const char* name);
+
+#endif

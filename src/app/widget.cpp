@@ -1,0 +1,223 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include "widget.h"
+
+#include <clocale>
+#include <cstdlib>
+#include <ctime>
+
+#include <QGraphicsPixmapItem>
+#include <QGraphicsScene>
+#include <QLocale>
+#include <QMessageBox>
+#include <QSet>
+
+#include "font_fit.h"
+#include "row.h"
+#include "run_log.h"
+#include "ui_widget.h"
+
+namespace {
+
+// The first letter of "Cписок" is a Latin one, in the text that users know.
+const char kHelp[] =
+    "Для ввода функций (например, phi1(x), здесь под x подразумевается набор "
+    "переменных x1, x2, ..., xn) необходимо заполнить соответствующее текстовое "
+    "поле. Вводимый текст должен являться корректным математическим выражением и "
+    "может содержать только латинские буквы, цифры, круглые скобки, знаки "
+    "арифметических операций (+ - * / ^), десятичные разделители (.), знаки "
+    "экспоненты (e E) и пробелы. Названия функций, переменных и констант должны "
+    "начинаться с латинских букв, но могут содержать и цифры. При записи "
+    "вещественных чисел обязательно указывать целую часть (0.1 - корректно, .1 - "
+    "некорректно). Используемые переменные должны быть известны (от них должна "
+    "зависеть вводимая функция, либо это может быть переменная a -- параметр "
+    "системы). Функции, соответствующие пустым полям, считаются тождественно равными "
+    "0.\n"
+    "\n"
+    "Cписок доступных функций (вместо x может быть указана любая известная "
+    "переменная, например x1) и констант:\n"
+    "sin(x)  cos(x)  tg(x)  ctg(x)  arcsin(x)  arccos(x)  arctg(x)  arcctg(x)  "
+    "exp(x)  ln(x)  log10(x)  log2(x)  abs(x)  sqrt(x)  sinh(x)  cosh(x)  pi\n"
+    "\n"
+    "Примеры корректных выражений:\n"
+    "sin(2*pi*x1)*exp(-4*pi^2*a*x2)\n"
+    "0.5 * (1. + 0.2 - 1e-1)\n"
+    "log10(3) - ln(3) / ln(10)\n";
+
+// The first is narrow enough for the form at 96 dots per inch, the second has
+// low subscripts too. The last two help where letters are drawn larger or
+// neither is installed.
+const char* const kNarrowFamilies[] = {
+    "Liberation Sans",      "FreeSans", "Arimo", "Roboto", "Liberation Sans Narrow",
+    "DejaVu Sans Condensed"};
+
+QString withSubscript(const char* before, int k, const char* after) {
+  return QString(
+             "<html><head/><body><p>%1<span style=\" vertical-align:sub;\">%2</span>%3</p>"
+             "</body></html>")
+      .arg(before)
+      .arg(k)
+      .arg(after);
+}
+
+QString textBefore(int method, int k) {
+  return withSubscript(method != 0 ? "f" : "φ", k, "(x) = ");
+}
+
+QString textAfter(int method, int k) {
+  return method != 0 ? " = 0" : withSubscript(" = x", k, "");
+}
+
+}  // namespace
+
+Widget::Widget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui_Widget>()) {
+  // The boxes would show and take numbers as the environment's language writes
+  // them; the engine knows the point only.
+  QLocale::setDefault(QLocale::c());
+  setLocale(QLocale::c());
+  ui->setupUi(this);
+  std::setlocale(LC_ALL, "C");
+  fitFont();
+  // The 4 × 4 cells leave one pixel on each side, less than the frames of some
+  // styles take.
+  if (ui->jacobiMatrix->frameWidth() > 1) ui->jacobiMatrix->setFrameStyle(QFrame::Box);
+  ui->taskView->setScene(new QGraphicsScene);  // lives until the process ends
+  on_checkSimpleIters_clicked();
+  on_n_valueChanged(ui->n->value());
+  setFiles();
+  std::setlocale(LC_ALL, "C");
+}
+
+Widget::~Widget() = default;
+
+void Widget::setFiles() {
+  const RunLogName name = runLogName(std::time(nullptr));
+  if (openRunLog(name.data())) return;
+  QMessageBox::information(
+      nullptr, "Ошибка",
+      "Не удалось открыть файл " + QString::fromLatin1(name.data()) + " на запись.",
+      QMessageBox::Ok);
+  std::exit(EXIT_FAILURE);
+}
+
+void Widget::fitFont() {
+  std::vector<ShownText> texts;
+  for (const QAbstractButton* button : findChildren<QAbstractButton*>()) {
+    texts.push_back({button, button->text()});
+  }
+  for (const QDoubleSpinBox* box : findChildren<QDoubleSpinBox*>()) {
+    for (const double bound : {box->minimum(), box->maximum()}) {
+      texts.push_back({box, box->textFromValue(bound)});
+    }
+  }
+  // The labels of the equations get texts of their own, those of both methods.
+  QSet<const QLabel*> changing;
+  std::vector<ShownText> changed;
+  int k = 0;
+  for (const Row& row : rowsOf(*ui)) {
+    ++k;
+    changing << row.before << row.after;
+    for (const int each : {0, 1}) {
+      changed.push_back({row.before, textBefore(each, k)});
+      changed.push_back({row.after, textAfter(each, k)});
+    }
+  }
+  for (const QLabel* label : findChildren<QLabel*>()) {
+    if (!changing.contains(label)) texts.push_back({label, label->text()});
+  }
+  texts.insert(texts.end(), changed.begin(), changed.end());
+  fitFontFamily(*this, texts, {std::begin(kNarrowFamilies), std::end(kNarrowFamilies)});
+}
+
+void Widget::refresh() {
+  const int n = ui->n->value();
+  int k = 0;
+  for (const Row& row : rowsOf(*ui)) {
+    ++k;
+    row.setVisible(k <= n);
+    row.before->setText(textBefore(method, k));
+    row.after->setText(textAfter(method, k));
+  }
+  ui->label_q->setVisible(method == 0);
+  ui->q->setVisible(method == 0);
+  refreshJacobiMatrix();
+}
+
+void Widget::refreshJacobiMatrix() {
+  if (method == 0) return;
+  const int n = ui->n->value();
+  ui->jacobiMatrix->setRowCount(n);
+  ui->jacobiMatrix->setColumnCount(n);
+  for (int i = 0; i < n; ++i) {
+    for (int j = 0; j < n; ++j) {
+      ui->jacobiMatrix->setColumnWidth(j, 90);
+      if (ui->jacobiMatrix->item(i, j) == nullptr)
+        ui->jacobiMatrix->setItem(i, j, new QTableWidgetItem(""));
+    }
+  }
+}
+
+void Widget::clearJacobiMatrix() {
+  ui->jacobiMatrix->clear();
+  ui->jacobiMatrix->setRowCount(0);
+  ui->jacobiMatrix->setColumnCount(0);
+}
+
+void Widget::clearInput() {
+  for (const Row& row : rowsOf(*ui)) {
+    row.equation->clear();
+    row.init->setValue(0.0);
+  }
+  ui->a->setValue(0.0);
+  ui->q->setValue(0.5);
+  ui->jacobiMatrix->clear();
+}
+
+void Widget::clearResult() {
+  for (QLineEdit* field : {ui->res_x_1, ui->res_x_2, ui->res_x_3, ui->res_x_4, ui->iters}) {
+    field->clear();
+    field->setToolTip(QString());
+  }
+}
+
+void Widget::showTask(const QString& picture) {
+  const QPixmap pixmap(picture);
+  QGraphicsScene* scene = ui->taskView->scene();
+  scene->clear();
+  // Only screens of a fractional scale transform it.
+  scene->addPixmap(pixmap)->setTransformationMode(Qt::SmoothTransformation);
+  // Left alone, the scene keeps the extent of everything it has ever held.
+  scene->setSceneRect(pixmap.rect());
+  ui->taskView->show();
+}
+
+void Widget::on_closeButton_clicked() {
+  close();
+}
+
+void Widget::on_n_valueChanged(int /*value*/) {
+  refresh();
+}
+
+void Widget::on_clearButton_clicked() {
+  clearInput();
+  clearResult();
+}
+
+void Widget::on_checkSimpleIters_clicked() {
+  method = 0;
+  refresh();
+  clearJacobiMatrix();
+  showTask(":/res/task1.png");
+}
+
+void Widget::on_checkNewton_clicked() {
+  method = 1;
+  refresh();
+  showTask(":/res/task2.png");
+}
+
+void Widget::on_helpButton_clicked() {
+  QMessageBox::information(nullptr, "Справка", kHelp, QMessageBox::Ok);
+}

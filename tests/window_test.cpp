@@ -1,0 +1,312 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include <sys/stat.h>
+
+#include "run_log.h"
+#include "window_fixture.h"
+
+namespace {
+
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+int warnings = 0;
+
+// The toolkit warns of a slot that it can connect to nothing.
+TEST_F(WindowTest, EverySlotIsConnectedByItsName) {
+  qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) { ++warnings; });
+  close();
+  open();
+  EXPECT_EQ(warnings, 0);
+  // The first letter of the list is a Latin one, on purpose.
+  EXPECT_THAT(boxOf("helpButton").text, HasSubstr("\n\nCписок доступных функций"));
+  click("closeButton");
+  EXPECT_FALSE(window->isVisible());
+}
+
+const char* const kTyped[][3] = {{"a", "-1,25", "-1.25"},      {"a", "1.25", "1.25"},
+                                 {"q", "0,25", "0.25"},        {"epsilon", "0,01", "0.01000"},
+                                 {"init_x_1", "1,25", "1.25"}, {"init_x_2", "1,25", "1.25"},
+                                 {"init_x_3", "1.25", "1.25"}, {"init_x_4", "-1,5", "-1.50"}};
+
+TEST_F(WindowTest, ACommaIsAPointInEveryDecimalBox) {
+  ASSERT_EQ(QLocale::system().toString(1.5), "1,5");
+  for (const auto& [name, keys, shown] : kTyped) {
+    auto* box = child<QDoubleSpinBox>(name);
+    const double initial = box->value();
+    QApplication::clipboard()->setText(keys);
+    for (const bool pasted : {false, true}) {
+      box->setValue(initial);
+      box->selectAll();
+      if (pasted)
+        QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
+      else
+        QTest::keyClicks(box, keys);
+      QTest::keyClick(box, Qt::Key_Return);
+      EXPECT_EQ(box->text().toStdString(), shown) << name << pasted;
+      EXPECT_EQ(box->value(), QString(shown).toDouble()) << name << pasted;
+    }
+  }
+}
+
+TEST_F(WindowTest, ThePanelFollowsBothChoices) {
+  const std::string head = "<html><head/><body><p>";
+  const std::string tail = "</p></body></html>";
+  for (const bool newton : {false, true, false}) {
+    for (const int n : {4, 1, 3, 2}) {
+      SCOPED_TRACE(std::to_string(n) + (newton ? " Newton" : " simple"));
+      enter(newton, n, "");
+      for (const std::string k : {"1", "2", "3", "4"}) {
+        for (const char* stem : {"label_phi_", "eq_", "label_eq_", "label_init_x_", "init_x_",
+                                 "label_res_x_", "res_x_"})
+          EXPECT_EQ(child(stem + k)->isVisible(), std::stoi(k) <= n) << stem << k;
+        const std::string sub = "<span style=\" vertical-align:sub;\">" + k + "</span>";
+        EXPECT_EQ(child<QLabel>("label_phi_" + k)->text().toStdString(),
+                  head + (newton ? "f" : "φ") + sub + "(x) = " + tail);
+        EXPECT_EQ(child<QLabel>("label_eq_" + k)->text().toStdString(),
+                  newton ? " = 0" : head + " = x" + sub + tail);
+      }
+      EXPECT_NE(child("q")->isVisible(), newton);
+      EXPECT_NE(child("label_q")->isVisible(), newton);
+      EXPECT_EQ(grid()->rowCount(), newton ? n : 0);
+      EXPECT_EQ(grid()->columnCount(), newton ? n : 0);
+    }
+  }
+}
+
+TEST_F(WindowTest, TheGridKeepsTheCellsThatStay) {
+  enter(true, 4, ";;;x4", "00;01;02;03;10;11;12");
+  child<QSpinBox>("n")->setValue(2);
+  child<QSpinBox>("n")->setValue(4);
+  EXPECT_EQ(grid()->item(1, 1)->text(), "11");
+  EXPECT_EQ(grid()->item(1, 2)->text(), "");
+  click("checkSimpleIters");
+  click("checkNewton");
+  EXPECT_EQ(grid()->item(1, 1)->text(), "");
+  EXPECT_EQ(child<QLineEdit>("eq_4")->text(), "x4");
+}
+
+TEST_F(WindowTest, ClearingLeavesTheAccuracyAndTheSizeAlone) {
+  enter(true, 2, "x1;x2;x3;x4", "1");
+  QString left;
+  for (auto* box : window->findChildren<QDoubleSpinBox*>()) {
+    box->setValue(0.05);
+    click("clearButton");
+    left += box->objectName() + " " + box->text() + ";";
+  }
+  for (auto* equation : child("frame_5")->findChildren<QLineEdit*>())
+    left += equation->text();
+  EXPECT_EQ(left.toStdString(),
+            "a 0.00;epsilon 0.05000;q 0.50;"
+            "init_x_1 0.00;init_x_2 0.00;init_x_3 0.00;init_x_4 0.00;");
+  EXPECT_EQ(grid()->rowCount(), 2);
+  EXPECT_EQ(grid()->item(0, 0), nullptr);
+}
+
+TEST_F(WindowTest, ThePicturesAreAsTheViewNeedsThemAndStayInPlace) {
+  auto* view = child<QGraphicsView>("taskView");
+  for (const int visit : {0, 1, 2, 3}) {
+    const bool newton = visit % 2 != 0;
+    const QResource file(newton ? ":/res/task2.png" : ":/res/task1.png");
+    EXPECT_EQ(file.compressionAlgorithm(), QResource::NoCompression);
+    // In the header: bits per channel 8, colour type 2 (RGB), not interlaced.
+    EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(file.data()), 29).mid(24),
+              QByteArray("\x08\x02\x00\x00\x00", 5));
+    click(newton ? "checkNewton" : "checkSimpleIters");
+    ASSERT_EQ(view->items().size(), 1);
+    const auto* picture = qgraphicsitem_cast<QGraphicsPixmapItem*>(view->items().first());
+    EXPECT_EQ(picture->pixmap().size(), newton ? QSize(375, 105) : QSize(360, 136));
+    const QPoint middle = view->mapFromScene(picture->sceneBoundingRect().center());
+    EXPECT_LE((middle - view->viewport()->rect().center()).manhattanLength(), 2) << visit;
+  }
+}
+
+// How many points a widget of this size draws on its ground.
+int ink(QWidget& widget, const QSize& size) {
+  widget.resize(size);
+  const QImage image = widget.grab().toImage();
+  int count = 0;
+  for (int i = 0; i < image.width() * image.height(); ++i)
+    if (image.pixel(i % image.width(), i / image.width()) != image.pixel(0, 0)) ++count;
+  return count;
+}
+
+TEST_F(WindowTest, EveryTextIsSeenWhole) {
+  for (const bool newton : {false, true}) {
+    enter(newton, 4, "");
+    for (auto* box : window->findChildren<QDoubleSpinBox*>())
+      box->setValue(box->minimum());
+    for (auto* widget : window->findChildren<QWidget*>()) {
+      const bool inBox = qobject_cast<QDoubleSpinBox*>(widget->parent()) != nullptr;
+      if (!widget->isVisible() ||
+          !(inBox || widget->inherits("QLabel") || widget->inherits("QRadioButton")))
+        continue;
+      const QSize size = widget->size();
+      EXPECT_EQ(ink(*widget, size), ink(*widget, size + QSize(60, 20)))
+          << widget->objectName().toStdString();
+      widget->resize(size);
+    }
+  }
+}
+
+TEST_F(WindowTest, TheWholeGridIsSeenWithoutScrollBarsInEveryStyle) {
+  for (const char* style : {"windows", "fusion"}) {
+    close();
+    QApplication::setStyle(style);
+    open();
+    enter(true, 4, "");
+    for (const char* button : {"checkNewton", "clearButton"}) {
+      click(button);
+      QCoreApplication::processEvents();
+      EXPECT_FALSE(grid()->horizontalScrollBar()->isVisible()) << style << button;
+      EXPECT_FALSE(grid()->verticalScrollBar()->isVisible()) << style << button;
+      EXPECT_EQ(grid()->rowHeight(3), 30);
+    }
+  }
+}
+
+// Method, equations, cells, start, results; a is 4, the accuracy 0.00001.
+const char* const kSystems[][5] = {
+    {"Newton", "x1^2-2", "2*x1", "1", "1.41422;;;;4"},
+    {"Newton", "x1^2+x2^2-a;x1-x2", "2*x1;2*x2;1;-1", "1;2", "1.41422;1.41422;;;4"},
+    {"Newton", "x1-1;x2^2-4;x3-x1;x4+x2", "1;;;;;2*x2;;;-1;;1;;;1;;1", "0;2;0;0", "1;2;1;-2;2"},
+    {"Simple", "", "", "5", "0;;;;2"},
+    {"Simple", "0.5*cos(x2);0.5*sin(x1)+0.2", "", "0;0", "0.456465;0.42039;;;11"},
+    {"Simple", "x2/4;x3/4;x4/4;a/4", "", "0;0;0;0", "0.015625;0.0625;0.25;1;5"},
+};
+
+TEST_F(WindowTest, KnownSystemsAreSolved) {
+  child<QDoubleSpinBox>("a")->setValue(4);
+  for (const auto& [method, equations, cells, start, solved] : kSystems) {
+    const QStringList values = QString(start).split(';');
+    enter(method == std::string("Newton"), static_cast<int>(values.size()), equations, cells);
+    int k = 0;
+    for (const QString& value : values)
+      child<QDoubleSpinBox>("init_x_" + std::to_string(++k))->setValue(value.toDouble());
+    click("calcButton");
+    EXPECT_EQ(results(), solved) << equations;
+  }
+}
+
+// Method, equation, cell, last line of the log, text of the box.
+const char* const kFailures[][5] = {
+    {"Simple", "2*", "", "expression has wrong format.", "Неправильный формат ввода выражения"},
+    {"Simple", "ж", "", "expression has wrong format.", "Неправильный формат ввода выражения"},
+    {"Newton", "x1", " ", "expression has wrong format.", "Неправильный формат ввода выражения"},
+    {"Simple", "1/x1", "", "result of expression evaluation is bad (equals to nan or inf).",
+     "Значение выражения для заданных аргументов не определено либо слишком велико"},
+    {"Simple", "x1+x3", "", "expression has unknown variable: x3", "Неизвестная переменная: x3"},
+    {"Simple", "1-x1", "", "iterations limit achieved.",
+     "Превышено предельно допустимое число итераций: 100000"},
+    {"Newton", "x1", "", "matrix is singular.",
+     "Матрица Якоби для заданных аргументов является вырожденной"},
+};
+
+TEST_F(WindowTest, EveryFailureIsLoggedAndShownAndLeavesNoResult) {
+  for (const auto& [method, equation, cell, line, text] : kFailures) {
+    enter(false, 1, "1");
+    click("calcButton");
+    ASSERT_EQ(results(), "1;;;;2");
+    const std::string before = log();
+    enter(method == std::string("Newton"), 1, equation, cell);
+    const Box box = boxOf("calcButton");
+    EXPECT_EQ(box.title, "Ошибка");
+    EXPECT_EQ(box.text, text);
+    EXPECT_THAT(box.log, StartsWith(before));
+    EXPECT_THAT(box.log, EndsWith(std::string("\nError: ") + line + "\n\n"));
+    EXPECT_EQ(results(), ";;;;");
+  }
+  EXPECT_THAT(log(), HasSubstr("Iteration: 100000\nEpsilon: 1\nx = (0)\n\nError: it"));
+}
+
+TEST_F(WindowTest, CellsWithoutItemsEndInTheUndefinedErrorUntilTheGridIsMadeAgain) {
+  enter(true, 1, "x1", "1");
+  click("clearButton");
+  const Box box = boxOf("calcButton");
+  EXPECT_EQ(box.text + box.log, "Неизвестная ошибкаError: undefined error.\n\n");
+  enter(true, 1, "x1", "1");
+  click("calcButton");
+  EXPECT_EQ(results(), "0;;;;1");
+}
+
+TEST_F(WindowTest, AnOpenCellEditorCountsHoweverTheButtonIsPressed) {
+  enter(true, 1, "x1-1", "0");
+  grid()->editItem(grid()->item(0, 0));
+  QTest::keyClicks(grid()->findChild<QLineEdit*>(), "1");
+  click("calcButton");
+  EXPECT_EQ(results(), "1;;;;2");
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  grid()->editItem(grid()->item(0, 0));
+  QTest::keyClicks(grid()->findChild<QLineEdit*>(), "0*x1");
+  EXPECT_THAT(boxOf("calcButton").log, EndsWith("Error: matrix is singular.\n\n"));
+}
+
+TEST_F(WindowTest, AResultTooLongForItsFieldShowsItsBeginningAndHasATip) {
+  enter(false, 2, "-0.0000123457;-12345.7");
+  click("calcButton");
+  auto* field = child<QLineEdit>("res_x_1");
+  EXPECT_EQ(field->toolTip().toStdString(), "-1.23457e-05");
+  field->grab();  // scrolls to the cursor
+  EXPECT_EQ(field->cursorPositionAt(QPoint(4, field->height() / 2)), 0);
+  EXPECT_EQ(child("res_x_2")->toolTip().toStdString(), "");
+  click("clearButton");
+  EXPECT_EQ(field->toolTip().toStdString(), "");
+}
+
+TEST(RunLogTest, IsNamedAfterTheLocalTime) {
+  setenv("TZ", "MSK-3", 1);
+  EXPECT_STREQ(runLogName(1794749152).data(), "log-Sun-Nov-15-16-25-52-2026.txt");
+  EXPECT_STREQ(runLogName(1764569100).data(), "log-Mon-Dec--1-09-05-00-2025.txt");
+}
+
+// The standard error stream of the child process stands for the terminal.
+TEST(RunLogDeathTest, ALogIsStartedAfreshAndTheToolkitStillSpeaksToTheTerminal) {
+  const auto run = [] {
+    const QTemporaryDir directory;
+    QFile file(directory.filePath("log"));
+    if (!file.open(QIODevice::ReadWrite) || file.write("an old line of the log\n") < 0) return 2;
+    file.flush();
+    if (!openRunLog(qPrintable(file.fileName()))) return 3;
+    qWarning("a word of the toolkit's");
+    std::fputs("a line\n", stderr);
+    return file.seek(0) && file.readAll() == "a line\n" ? 0 : 4;
+  };
+  EXPECT_EXIT(std::_Exit(run()), ::testing::ExitedWithCode(0), "a word of the toolkit's\n$");
+}
+
+// Permission bits do not hold root off; a directory that is gone does.
+TEST(RunLogDeathTest, ALogThatCannotBeOpenedEndsTheProcess) {
+  const auto dismiss = [] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    const QRegularExpression text("^Не удалось открыть файл log-[-A-Za-z0-9]+\\.txt на запись\\.$");
+    if (box == nullptr || !text.match(box->text()).hasMatch()) std::_Exit(3);
+    qWarning("a word of the toolkit's");
+    box->button(QMessageBox::Ok)->click();
+  };
+  const auto run = [dismiss] {
+    mkdir("/tmp/nordika-gone", 0700);
+    if (chdir("/tmp/nordika-gone") != 0 || rmdir("/tmp/nordika-gone") != 0) std::_Exit(2);
+    QTimer::singleShot(100, dismiss);
+    const Widget window;
+  };
+  EXPECT_EXIT(run(), ::testing::ExitedWithCode(1), "a word of the toolkit's\n");
+}
+
+}  // namespace
+
+// The bus library keeps what it has set up once.
+extern "C" const char* __lsan_default_suppressions() {
+  return "leak:libdbus";
+}
+
+int main(int argc, char** argv) {
+  // Whatever the environment, numbers are to be read with a point.
+  setenv("LC_ALL", "ru_RU.UTF-8", 1);
+  ::testing::InitGoogleTest(&argc, argv);
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();
+  const QApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}
