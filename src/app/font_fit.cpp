@@ -16,6 +16,7 @@
 #include <QRadioButton>
 #include <QStyle>
 #include <QStyleOption>
+#include <QTextDocument>
 
 namespace {
 
