@@ -5,6 +5,7 @@
 
 #include <bit>
 #include <cmath>
+#include <csignal>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -12,6 +13,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <sys/resource.h>
 #include <vector>
 
 #include "capture.h"
@@ -121,6 +123,28 @@ TEST(Trace, IsWrittenAtFlushPointsAndWhenItsScopeEnds) {
               }
             }),
             "left");
+}
+
+TEST(Trace, LosesWhatCannotBeWrittenButNoLineAfterIt) {
+  const auto previous = std::signal(SIGXFSZ, SIG_IGN);
+  rlimit limit{};
+  getrlimit(RLIMIT_FSIZE, &limit);
+  const rlimit small = {14, limit.rlim_max};
+  Trace::takeLoss();
+  const std::string text = captureTrace([&] {
+    setrlimit(RLIMIT_FSIZE, &small);
+    Trace trace;
+    for (const char* const line : {"whole\n", "cut off here\n", "lost\n"}) {
+      trace << line;
+      trace.flush();
+    }
+    setrlimit(RLIMIT_FSIZE, &limit);
+    trace << "whole again\n";
+  });
+  std::signal(SIGXFSZ, previous);
+  EXPECT_EQ(text, "whole\ncut off \nwhole again\n");
+  EXPECT_TRUE(Trace::takeLoss());
+  EXPECT_FALSE(Trace::takeLoss());
 }
 
 }  // namespace

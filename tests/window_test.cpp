@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "run_log.h"
@@ -253,6 +254,22 @@ TEST_F(WindowTest, AResultTooLongForItsFieldShowsItsBeginningAndHasATip) {
   EXPECT_EQ(child("res_x_2")->toolTip().toStdString(), "");
   click("clearButton");
   EXPECT_EQ(field->toolTip().toStdString(), "");
+}
+
+TEST_F(WindowTest, ALogThatCannotGrowCostsNeitherTheResultNorLaterLines) {
+  enter(false, 1, "0.5*x1+1");
+  rlimit limit{};
+  getrlimit(RLIMIT_FSIZE, &limit);
+  const rlimit small = {100, limit.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &small);
+  const Box box = boxOf("calcButton");
+  setrlimit(RLIMIT_FSIZE, &limit);
+  const std::string name = QDir(directory.path()).entryList({"log-*.txt"}).join("").toStdString();
+  EXPECT_EQ(box.title, "Ошибка");
+  EXPECT_EQ(box.text, "Не удалось полностью записать файл " + name + ".");
+  EXPECT_EQ(results(), "1.99999;;;;18");
+  EXPECT_EQ(boxOf("calcButton").text, "");
+  EXPECT_THAT(log(), EndsWith("stop (target accuracy achieved).\n\n"));
 }
 
 TEST(RunLogTest, IsNamedAfterTheLocalTime) {

@@ -9,6 +9,7 @@
 
 #include "font_fit.h"
 #include "row.h"
+#include "run_log.h"
 #include "solver/solver.h"
 #include "trace/trace.h"
 #include "ui_widget.h"
@@ -42,6 +43,16 @@ Row rowOf(const Ui_Widget& ui, int i) {
 
 void Widget::on_calcButton_clicked() {
   commitCellEditor();
+  Trace::takeLoss();
+  calculate();
+  if (!Trace::takeLoss()) return;
+  QMessageBox::information(
+      nullptr, "Ошибка",
+      "Не удалось полностью записать файл " + QString::fromStdString(openedRunLog()) + ".",
+      QMessageBox::Ok);
+}
+
+void Widget::calculate() {
   clearResult();
   std::setlocale(LC_ALL, "C");
   const int n = ui->n->value();

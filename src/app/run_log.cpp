@@ -4,9 +4,9 @@
 #include "run_log.h"
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <fcntl.h>
-#include <string>
 #include <unistd.h>
 
 #include <QString>
@@ -15,6 +15,8 @@ namespace {
 
 // Where the standard error stream led when the process started.
 int terminal = -1;
+
+std::string opened;
 
 void writeToTerminal(QtMsgType type, const QMessageLogContext& context, const QString& message) {
   const QString line = qFormatLogMessage(type, context, message);
@@ -34,6 +36,9 @@ RunLogName runLogName(std::time_t start) {
 }
 
 bool openRunLog(const char* name) {
+  opened = name;
+  // A file that may not grow any more is an error of a write, not the end.
+  std::signal(SIGXFSZ, SIG_IGN);
   // A second window finds the stream redirected already.
   if (terminal < 0) terminal = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
   qInstallMessageHandler(writeToTerminal);
@@ -45,4 +50,8 @@ bool openRunLog(const char* name) {
   // the libraries' messages would end up in a file or socket of the toolkit.
   dup2(terminal, STDERR_FILENO);
   return false;
+}
+
+const std::string& openedRunLog() {
+  return opened;
 }

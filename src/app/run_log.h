@@ -6,6 +6,7 @@
 
 #include <array>
 #include <ctime>
+#include <string>
 
 /// A file name that ends in a NUL character.
 using RunLogName = std::array<char, 100>;
@@ -20,5 +21,8 @@ RunLogName runLogName(std::time_t start);
 /// @return false when the file cannot be opened; the standard error stream is
 ///   then closed
 bool openRunLog(const char* name);
+
+/// The name of the run log that was opened last.
+const std::string& openedRunLog();
 
 #endif

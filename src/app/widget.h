@@ -78,6 +78,7 @@ class Widget : public QWidget {
   void fitFont();
   void showTask(const QString& picture);
   void commitCellEditor();
+  void calculate();
   Function compile(const QString& text) const;
   std::vector<double> solve(int n, double accuracy, int& iterations) const;
 

@@ -8,21 +8,29 @@
 #include <cstdio>
 #include <limits>
 #include <unistd.h>
+#include <utility>
 
 #include "trace/fixed_decimals.h"
 #include "trace/six_digits.h"
 
 namespace {
 
-void writeAll(int file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = write(file, bytes.data(), bytes.size());
-    if (written < 0) {
-      if (errno == EINTR) continue;
-      return;
+// What has become of the standard error stream, whoever wrote to it.
+bool hasLost = false;
+bool endsInsideLine = false;
+
+// The number of bytes written; fewer than there are when an error ends it.
+std::size_t writeAll(int file, std::string_view bytes) {
+  std::size_t written = 0;
+  while (written < bytes.size()) {
+    const ssize_t now = write(file, bytes.data() + written, bytes.size() - written);
+    if (now >= 0) {
+      written += static_cast<std::size_t>(now);
+    } else if (errno != EINTR) {
+      break;
     }
-    bytes.remove_prefix(static_cast<std::size_t>(written));
   }
+  return written;
 }
 
 }  // namespace
@@ -59,6 +67,16 @@ Trace& Trace::cell(double number, int width, int decimals) {
 void Trace::flush() {
   if (pending.empty()) return;
   std::fflush(stderr);
-  writeAll(fileno(stderr), pending);
+  const int file = fileno(stderr);
+  if (endsInsideLine && writeAll(file, "\n") == 1) endsInsideLine = false;
+  const std::size_t written = endsInsideLine ? 0 : writeAll(file, pending);
+  if (written < pending.size()) {
+    hasLost = true;
+    if (written > 0) endsInsideLine = pending[written - 1] != '\n';
+  }
   pending.clear();
+}
+
+bool Trace::takeLoss() {
+  return std::exchange(hasLost, false);
 }

@@ -41,8 +41,11 @@ class Trace {
   /// Writes everything gathered so far to the standard error stream, after
   /// what the C library still holds for that stream. What cannot be written
   /// (a full disk, a closed stream) is dropped: the trace never stops a
-  /// calculation.
+  /// calculation. A line that was cut off is ended before the next one.
   void flush();
+
+  /// Whether anything was dropped, by any writer, since the last call.
+  static bool takeLoss();
 
  private:
   // The lines between two flushes are few: they rarely leave this room.
