@@ -170,4 +170,16 @@ std::vector<double> solveWithLUP(const Matrix& L, const Matrix& U, const Matrix&
 ///   whole trace
 std::vector<double> solveWithLUP(const Matrix& A, const std::vector<double>& b);
 
+/// The determinant of A (n × n): the product of the diagonal of U in order,
+/// its sign turned for an odd number of exchanges (Golub, Van Loan, section
+/// 3.4); 1 for n = 0.
+/// @throws MatrixIsSingular as LUPdecomposition() does: a determinant too near
+///   to 0 is not returned
+double calcDeterminantWithLUP(const Matrix& A);
+
+/// The inverse of A (n × n), solved for column by column with one
+/// factorisation (Golub, Van Loan, section 3.4); empty for n = 0.
+/// @throws MatrixIsSingular as LUPdecomposition() does
+Matrix calcInverseMatrixWithLUP(const Matrix& A);
+
 #endif
