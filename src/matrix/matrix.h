@@ -20,6 +20,9 @@ class MatrixWrongDimensions {};
 /// A column holds no pivot of magnitude at least 1e-8.
 class MatrixIsSingular {};
 
+/// An element outside the three middle diagonals is not 0.
+class MatrixIsNotTridiagonal {};
+
 /// An iterative method has used up its iterations without reaching the
 /// accuracy asked for. The nonlinear solvers throw it too.
 class MaxItersCountAchieved {};
@@ -181,5 +184,19 @@ double calcDeterminantWithLUP(const Matrix& A);
 /// factorisation (Golub, Van Loan, section 3.4); empty for n = 0.
 /// @throws MatrixIsSingular as LUPdecomposition() does
 Matrix calcInverseMatrixWithLUP(const Matrix& A);
+
+/// Solves A·x = d for a tridiagonal A (n × n) and d of length n by elimination
+/// without pivoting (W. H. Press et al., Numerical Recipes, 3rd ed., section
+/// 2.4), and writes the coefficients of x[i] = P[i]·x[i+1] + Q[i] and the
+/// solution to the standard error stream.
+///
+/// A dominant diagonal keeps the sweep stable. A zero denominator is not looked
+/// for: the infinity or NaN that it makes flows into the solution.
+/// @return x, of length n
+/// @throws MatrixWrongDimensions for a vector of another length, before
+///   anything is written
+/// @throws MatrixIsNotTridiagonal after the start line
+/// @throws MatrixIndexOutOfBound for n = 0, after the start line
+std::vector<double> solveTridiagonalMatrixAlgo(const Matrix& A, const std::vector<double>& d);
 
 #endif
