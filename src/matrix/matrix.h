@@ -199,4 +199,34 @@ Matrix calcInverseMatrixWithLUP(const Matrix& A);
 /// @throws MatrixIndexOutOfBound for n = 0, after the start line
 std::vector<double> solveTridiagonalMatrixAlgo(const Matrix& A, const std::vector<double>& d);
 
+/// Solves A·x = b for A n × n and b of length n by simple iterations, known as
+/// Jacobi's (Golub, Van Loan, section 11.2), and writes every iteration to the
+/// standard error stream.
+///
+/// With D the diagonal of A, B = I - D^-1·A and beta = D^-1·b, an iteration is
+/// x = B·x + beta, all components from the last approximation, which starts as
+/// b. It ends when eps > q / (1 - q) · |x - last|, where q is the norm of B and
+/// both norms are maximum norms (B. P. Demidovich, I. A. Maron, Computational
+/// Mathematics, chapter 9); for q >= 1, which promises no convergence, the
+/// factor is 1. A zero on the diagonal is not looked for; an estimate that is
+/// NaN ends nothing.
+/// @param iters the number of iterations done, written on success alone
+/// @return x, of length n
+/// @throws MatrixWrongDimensions for a vector of another length, before
+///   anything is written
+/// @throws MaxItersCountAchieved when iteration 100001 still misses eps
+std::vector<double> solveSimpleIterations(const Matrix& A, const std::vector<double>& b,
+                                          const double& eps, int& iters);
+
+/// As solveSimpleIterations(), but by the method of Seidel: a component that an
+/// iteration has renewed serves the rows after it. The factor of the estimate
+/// is |C| / (1 - q), C the upper triangle of B, or 1 for q >= 1.
+/// @param iters the number of iterations done, written on success alone
+/// @return x, of length n
+/// @throws MatrixWrongDimensions for a vector of another length, before
+///   anything is written
+/// @throws MaxItersCountAchieved when iteration 100001 still misses eps
+std::vector<double> solveSiedel(const Matrix& A, const std::vector<double>& b, const double& eps,
+                                int& iters);
+
 #endif
