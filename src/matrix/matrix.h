@@ -4,6 +4,7 @@
 #ifndef NORDIKA_MATRIX_MATRIX_H
 #define NORDIKA_MATRIX_MATRIX_H
 
+#include <complex>
 #include <cstddef>
 #include <vector>
 
@@ -228,5 +229,30 @@ std::vector<double> solveSimpleIterations(const Matrix& A, const std::vector<dou
 /// @throws MaxItersCountAchieved when iteration 100001 still misses eps
 std::vector<double> solveSiedel(const Matrix& A, const std::vector<double>& b, const double& eps,
                                 int& iters);
+
+/// Factorises A (n × n) as Q·R by Householder reflections (Golub, Van Loan,
+/// section 5.2). The outputs, which may be A itself, are replaced whatever they
+/// held.
+///
+/// Q is orthogonal; R is upper triangular up to the rounding residues of the
+/// eliminated elements, which are kept. A column that is zero on and below the
+/// diagonal makes both of NaN.
+void QRdecomposition(const Matrix& A, Matrix& Q, Matrix& R);
+
+/// Finds the eigenvalues of A (n × n) by the QR algorithm without shifts
+/// (Golub, Van Loan, section 7.3), and writes every iterate R·Q to the standard
+/// error stream.
+///
+/// Two rows with an element above 1e-8 below their diagonal are a block with a
+/// pair of roots; every other diagonal element is a real root. A run ends, not
+/// before the second iteration, when eps exceeds both the Euclidean length of
+/// what stands below the real roots and the largest change of a root in a
+/// block.
+/// @param roots the n eigenvalues in the order of the diagonal, written on
+///   success alone
+/// @param iters the number of iterations done, written on success alone
+/// @throws MaxItersCountAchieved when iteration 100001 still misses eps
+void getEigenvaluesWithQR(const Matrix& A, const double& eps,
+                          std::vector<std::complex<double>>& roots, int& iters);
 
 #endif
