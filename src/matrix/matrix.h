@@ -24,6 +24,9 @@ class MatrixIsSingular {};
 /// An element outside the three middle diagonals is not 0.
 class MatrixIsNotTridiagonal {};
 
+/// Two elements opposite each other differ by more than 1e-5.
+class MatrixIsNotSymmetrical {};
+
 /// An iterative method has used up its iterations without reaching the
 /// accuracy asked for. The nonlinear solvers throw it too.
 class MaxItersCountAchieved {};
@@ -254,5 +257,23 @@ void QRdecomposition(const Matrix& A, Matrix& Q, Matrix& R);
 /// @throws MaxItersCountAchieved when iteration 100001 still misses eps
 void getEigenvaluesWithQR(const Matrix& A, const double& eps,
                           std::vector<std::complex<double>>& roots, int& iters);
+
+/// Finds the eigenvalues and eigenvectors of a symmetrical A (n × n) by the
+/// classical Jacobi method (Golub, Van Loan, section 8.5): every rotation
+/// clears the off-diagonal element of largest magnitude, until eps > off(M) for
+/// the rotated matrix M. Every rotation is written to the standard error
+/// stream.
+/// @param eigenvalues the n diagonal elements of M, unordered; written on
+///   success alone
+/// @param eigenvectors n × n, may be A itself; column i belongs to eigenvalue
+///   i. Untouched for a matrix that is not symmetrical; at the limit the
+///   product of the rotations so far
+/// @param iters the number of rotations, written on success alone; one more
+///   than that where no pivot is left, as for n = 0 and n = 1
+/// @throws MatrixIsNotSymmetrical after the start line; see
+///   Matrix::isSymmetrical() for the tolerance
+/// @throws MaxItersCountAchieved when rotation 100001 still misses eps
+void getEigenvaluesWithJacobi(const Matrix& A, const double& eps, std::vector<double>& eigenvalues,
+                              Matrix& eigenvectors, int& iters);
 
 #endif
