@@ -26,14 +26,13 @@ inline std::vector<std::vector<double>> rowsOf(const Matrix& a) {
   return rows;
 }
 
-/// All digits of a matrix, with one text for every NaN.
+/// All digits and signs of a matrix, with one text for every NaN.
 inline std::string printed(const Matrix& a) {
   std::ostringstream text;
   text.precision(17);
   for (const auto& row : rowsOf(a)) {
     for (const double element : row)
-      text << (element != element ? "nan" : "") << std::abs(element) * (element < 0 ? -1 : 1)
-           << " ";
+      text << (std::isnan(element) ? std::abs(element) : element) << " ";
     text << "\n";
   }
   return text.str();

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 #include <cmath>
-#include <string_view>
 
 #include "matrix/matrix.h"
+#include "matrix/matrix_trace.h"
 #include "trace/trace.h"
 
 namespace {
@@ -46,15 +46,6 @@ void eliminateBelow(Matrix& L, Matrix& U, int k) {
     L[i][column] = multiplier;
     for (std::size_t j = column; j < n; ++j)
       row[j] -= multiplier * pivotRow[j];
-  }
-}
-
-void writeMatrix(Trace& trace, std::string_view label, const Matrix& a) {
-  trace << label << "\n";
-  for (int i = 0; i < a.dimension(); ++i) {
-    for (const double element : a[i])
-      trace.cell(element, 7, 3);
-    trace << "\n";
   }
 }
 
@@ -110,10 +101,10 @@ std::vector<double> solveWithLUP(const Matrix& A, const std::vector<double>& b) 
   Matrix P;
   int swaps = 0;
   LUPdecomposition(A, L, U, P, swaps);
-  writeMatrix(trace, "L:", L);
-  writeMatrix(trace, "U:", U);
-  writeMatrix(trace, "P:", P);
-  writeMatrix(trace, "P * L * U:", P * L * U);
+  writeMatrix(trace, "L:", L, kFactorElements);
+  writeMatrix(trace, "U:", U, kFactorElements);
+  writeMatrix(trace, "P:", P, kFactorElements);
+  writeMatrix(trace, "P * L * U:", P * L * U, kFactorElements);
   trace << "LUP decomposition stop.\n\n";
   trace.flush();
   return solveWithLUP(L, U, P, b);

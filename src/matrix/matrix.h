@@ -4,6 +4,7 @@
 #ifndef NORDIKA_MATRIX_MATRIX_H
 #define NORDIKA_MATRIX_MATRIX_H
 
+#include <complex>
 #include <cstddef>
 #include <vector>
 
@@ -19,6 +20,12 @@ class MatrixWrongDimensions {};
 
 /// A column holds no pivot of magnitude at least 1e-8.
 class MatrixIsSingular {};
+
+/// An element outside the three middle diagonals is not 0.
+class MatrixIsNotTridiagonal {};
+
+/// Two elements opposite each other differ by more than 1e-5.
+class MatrixIsNotSymmetrical {};
 
 /// An iterative method has used up its iterations without reaching the
 /// accuracy asked for. The nonlinear solvers throw it too.
@@ -169,5 +176,104 @@ std::vector<double> solveWithLUP(const Matrix& L, const Matrix& U, const Matrix&
 /// @throws MatrixWrongDimensions for a vector of another length, after the
 ///   whole trace
 std::vector<double> solveWithLUP(const Matrix& A, const std::vector<double>& b);
+
+/// The determinant of A (n × n): the product of the diagonal of U in order,
+/// its sign turned for an odd number of exchanges (Golub, Van Loan, section
+/// 3.4); 1 for n = 0.
+/// @throws MatrixIsSingular as LUPdecomposition() does: a determinant too near
+///   to 0 is not returned
+double calcDeterminantWithLUP(const Matrix& A);
+
+/// The inverse of A (n × n), solved for column by column with one
+/// factorisation (Golub, Van Loan, section 3.4); empty for n = 0.
+/// @throws MatrixIsSingular as LUPdecomposition() does
+Matrix calcInverseMatrixWithLUP(const Matrix& A);
+
+/// Solves A·x = d for a tridiagonal A (n × n) and d of length n by elimination
+/// without pivoting (W. H. Press et al., Numerical Recipes, 3rd ed., section
+/// 2.4), and writes the coefficients of x[i] = P[i]·x[i+1] + Q[i] and the
+/// solution to the standard error stream.
+///
+/// A dominant diagonal keeps the sweep stable. A zero denominator is not looked
+/// for: the infinity or NaN that it makes flows into the solution.
+/// @return x, of length n
+/// @throws MatrixWrongDimensions for a vector of another length, before
+///   anything is written
+/// @throws MatrixIsNotTridiagonal after the start line
+/// @throws MatrixIndexOutOfBound for n = 0, after the start line
+std::vector<double> solveTridiagonalMatrixAlgo(const Matrix& A, const std::vector<double>& d);
+
+/// Solves A·x = b for A n × n and b of length n by simple iterations, known as
+/// Jacobi's (Golub, Van Loan, section 11.2), and writes every iteration to the
+/// standard error stream.
+///
+/// With D the diagonal of A, B = I - D^-1·A and beta = D^-1·b, an iteration is
+/// x = B·x + beta, all components from the last approximation, which starts as
+/// b. It ends when eps > q / (1 - q) · |x - last|, where q is the norm of B and
+/// both norms are maximum norms (B. P. Demidovich, I. A. Maron, Computational
+/// Mathematics, chapter 9); for q >= 1, which promises no convergence, the
+/// factor is 1. A zero on the diagonal is not looked for; an estimate that is
+/// NaN ends nothing.
+/// @param iters the number of iterations done, written on success alone
+/// @return x, of length n
+/// @throws MatrixWrongDimensions for a vector of another length, before
+///   anything is written
+/// @throws MaxItersCountAchieved when iteration 100001 still misses eps
+std::vector<double> solveSimpleIterations(const Matrix& A, const std::vector<double>& b,
+                                          const double& eps, int& iters);
+
+/// As solveSimpleIterations(), but by the method of Seidel: a component that an
+/// iteration has renewed serves the rows after it. The factor of the estimate
+/// is |C| / (1 - q), C the upper triangle of B, or 1 for q >= 1.
+/// @param iters the number of iterations done, written on success alone
+/// @return x, of length n
+/// @throws MatrixWrongDimensions for a vector of another length, before
+///   anything is written
+/// @throws MaxItersCountAchieved when iteration 100001 still misses eps
+std::vector<double> solveSiedel(const Matrix& A, const std::vector<double>& b, const double& eps,
+                                int& iters);
+
+/// Factorises A (n × n) as Q·R by Householder reflections (Golub, Van Loan,
+/// section 5.2). The outputs, which may be A itself, are replaced whatever they
+/// held.
+///
+/// Q is orthogonal; R is upper triangular up to the rounding residues of the
+/// eliminated elements, which are kept. A column that is zero on and below the
+/// diagonal makes both of NaN.
+void QRdecomposition(const Matrix& A, Matrix& Q, Matrix& R);
+
+/// Finds the eigenvalues of A (n × n) by the QR algorithm without shifts
+/// (Golub, Van Loan, section 7.3), and writes every iterate R·Q to the standard
+/// error stream.
+///
+/// Two rows with an element above 1e-8 below their diagonal are a block with a
+/// pair of roots; every other diagonal element is a real root. A run ends, not
+/// before the second iteration, when eps exceeds both the Euclidean length of
+/// what stands below the real roots and the largest change of a root in a
+/// block.
+/// @param roots the n eigenvalues in the order of the diagonal, written on
+///   success alone
+/// @param iters the number of iterations done, written on success alone
+/// @throws MaxItersCountAchieved when iteration 100001 still misses eps
+void getEigenvaluesWithQR(const Matrix& A, const double& eps,
+                          std::vector<std::complex<double>>& roots, int& iters);
+
+/// Finds the eigenvalues and eigenvectors of a symmetrical A (n × n) by the
+/// classical Jacobi method (Golub, Van Loan, section 8.5): every rotation
+/// clears the off-diagonal element of largest magnitude, until eps > off(M) for
+/// the rotated matrix M. Every rotation is written to the standard error
+/// stream.
+/// @param eigenvalues the n diagonal elements of M, unordered; written on
+///   success alone
+/// @param eigenvectors n × n, may be A itself; column i belongs to eigenvalue
+///   i. Untouched for a matrix that is not symmetrical; at the limit the
+///   product of the rotations so far
+/// @param iters the number of rotations, written on success alone; one more
+///   than that where no pivot is left, as for n = 0 and n = 1
+/// @throws MatrixIsNotSymmetrical after the start line; see
+///   Matrix::isSymmetrical() for the tolerance
+/// @throws MaxItersCountAchieved when rotation 100001 still misses eps
+void getEigenvaluesWithJacobi(const Matrix& A, const double& eps, std::vector<double>& eigenvalues,
+                              Matrix& eigenvectors, int& iters);
 
 #endif

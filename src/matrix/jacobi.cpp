@@ -1,0 +1,152 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include <algorithm>
+#include <cmath>
+
+#include "matrix/finite.h"
+#include "matrix/matrix.h"
+#include "matrix/matrix_trace.h"
+#include "trace/trace.h"
+
+namespace {
+
+constexpr int kMaxIterations = 100001;
+
+struct Pivot {
+  int p = -1;
+  int q = -1;
+};
+
+// The first off-diagonal element of largest magnitude by rows. Both halves are
+// searched, since they may differ a little; NaN is never chosen.
+Pivot findPivot(const Matrix& M) {
+  Pivot pivot;
+  double best = -1;
+  for (int i = 0; i < M.dimension(); ++i) {
+    const double* const row = M[i].data();
+    for (int j = 0; j < M.dimension(); ++j) {
+      if (j != i && std::abs(row[j]) > best) {
+        best = std::abs(row[j]);
+        pivot = {i, j};
+      }
+    }
+  }
+  return pivot;
+}
+
+// The identity but for U[p][p] = U[q][q] = c, U[q][p] = s, U[p][q] = -s.
+//
+// A product with it is a sum from +0 in which all but one or two terms are a
+// zero times an element. As long as every element is finite those terms are
+// zeros and leave the sum as it is, for a sum from +0 never becomes -0. So the
+// rows or columns p and q get two terms each, in either order, and +0 in front
+// of them; every other element is itself, but for -0, which becomes +0. An
+// element that is not finite makes NaN of those zeros: then the whole product
+// is taken.
+class Rotation {
+ public:
+  Rotation(Pivot pivot, double angle)
+      : p(pivot.p), q(pivot.q), c(std::cos(angle)), s(std::sin(angle)) {}
+
+  // M = U^T·M, where M holds no -0.
+  void applyToRows(Matrix& M) const {
+    if (!isFinite(M)) {
+      M = asMatrix(M.dimension()).transposed() * M;
+      return;
+    }
+    std::vector<double>& rowP = M[p];
+    std::vector<double>& rowQ = M[q];
+    for (std::size_t j = 0; j < rowP.size(); ++j)
+      rotate(rowP[j], rowQ[j]);
+  }
+
+  // M = M·U, where M holds no -0.
+  void applyToColumns(Matrix& M) const {
+    if (!isFinite(M)) {
+      M = M * asMatrix(M.dimension());
+      return;
+    }
+    for (int i = 0; i < M.dimension(); ++i) {
+      std::vector<double>& row = M[i];
+      rotate(row[static_cast<std::size_t>(p)], row[static_cast<std::size_t>(q)]);
+    }
+  }
+
+ private:
+  void rotate(double& x, double& y) const {
+    const double turned = 0.0 + c * x + s * y;
+    y = 0.0 + -s * x + c * y;
+    x = turned;
+  }
+
+  Matrix asMatrix(int n) const {
+    Matrix U = getIdentityMatrix(n);
+    const auto columnP = static_cast<std::size_t>(p);
+    const auto columnQ = static_cast<std::size_t>(q);
+    U[p][columnP] = c;
+    U[q][columnQ] = c;
+    U[q][columnP] = s;
+    U[p][columnQ] = -s;
+    return U;
+  }
+
+  int p;
+  int q;
+  double c;
+  double s;
+};
+
+double rotationAngle(const Matrix& M, Pivot pivot) {
+  const auto p = static_cast<std::size_t>(pivot.p);
+  const auto q = static_cast<std::size_t>(pivot.q);
+  return std::atan(2 * M[pivot.p][q] / (M[pivot.p][p] - M[pivot.q][q])) / 2;
+}
+
+void writeIteration(Trace& trace, int k, double angle, double estimate, const Matrix& M) {
+  trace << "Iteration: " << k << "\nAngle: " << angle << "\nEpsilon: " << estimate << "\n";
+  writeMatrix(trace, "Matrix:", M, kEigenElements);
+  trace << "\n";
+  trace.flush();
+}
+
+// Makes M diagonal and gathers the rotations in V.
+// @return the iteration count: that of the rotations, or one more where no
+//   element is left to choose as a pivot
+int diagonalise(Trace& trace, Matrix& M, Matrix& V, const double& eps) {
+  for (int k = 1;; ++k) {
+    const Pivot pivot = findPivot(M);
+    if (pivot.p < 0) return k;
+    const double angle = rotationAngle(M, pivot);
+    const Rotation rotation(pivot, angle);
+    // The first angle is that of the elements as they were given; from then on
+    // M holds no -0.
+    if (k == 1) M = M + Matrix(M.dimension());
+    rotation.applyToRows(M);
+    rotation.applyToColumns(M);
+    rotation.applyToColumns(V);
+    const double estimate = off(M);
+    writeIteration(trace, k, angle, estimate, M);
+    if (eps > estimate) return k;
+    if (k == kMaxIterations) throw MaxItersCountAchieved();
+  }
+}
+
+}  // namespace
+
+void getEigenvaluesWithJacobi(const Matrix& A, const double& eps, std::vector<double>& eigenvalues,
+                              Matrix& eigenvectors, int& iters) {
+  Trace trace;
+  trace << "Jacobi method start.\n";
+  trace.flush();
+  if (!A.isSymmetrical()) throw MatrixIsNotSymmetrical();
+  // In this order: `eigenvectors` may be the matrix A itself.
+  const int n = A.dimension();
+  eigenvectors = getIdentityMatrix(n);
+  Matrix M = A;
+  iters = diagonalise(trace, M, eigenvectors, eps);
+  trace << "Jacobi method stop (target accuracy achieved).\n\n";
+  eigenvalues.resize(static_cast<std::size_t>(n));
+  for (int i = 0; i < n; ++i)
+    eigenvalues[static_cast<std::size_t>(i)] = M[i][static_cast<std::size_t>(i)];
+}
