@@ -4,7 +4,12 @@
 #include <Eigen/Dense>
 #include <benchmark/benchmark.h>
 #include <cmath>
+#include <cstdio>
+#include <fcntl.h>
+#include <iostream>
 #include <random>
+#include <unistd.h>
+#include <vector>
 
 #include "matrix/matrix.h"
 
@@ -93,10 +98,111 @@ void lupEigen(benchmark::State& state) {
   }
 }
 
+constexpr double kAccuracy = 1e-8;
+
+// While it lives, the trace goes nowhere.
+class NoTrace {
+ public:
+  NoTrace() : saved(dup(STDERR_FILENO)) {
+    const int nowhere = open("/dev/null", O_WRONLY);
+    dup2(nowhere, STDERR_FILENO);
+    close(nowhere);
+  }
+  NoTrace(const NoTrace&) = delete;
+  NoTrace& operator=(const NoTrace&) = delete;
+  ~NoTrace() {
+    dup2(saved, STDERR_FILENO);
+    close(saved);
+  }
+
+ private:
+  int saved;
+};
+
+Matrix symmetricMatrix(int n) {
+  const Matrix a = randomMatrix(n);
+  return a + a.transposed();
+}
+
+void jacobiOurs(benchmark::State& state) {
+  const NoTrace noTrace;
+  const Matrix a = symmetricMatrix(static_cast<int>(state.range(0)));
+  std::vector<double> values;
+  Matrix vectors;
+  int rotations = 0;
+  for (auto _ : state)
+    getEigenvaluesWithJacobi(a, kAccuracy, values, vectors, rotations);
+  state.counters["rotation"] = benchmark::Counter(
+      rotations, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
+Matrix plainProduct(const Matrix& a, const Matrix& b) {
+  const int n = a.dimension();
+  Matrix product(n);
+  for (int i = 0; i < n; ++i) {
+    for (std::size_t j = 0; j < static_cast<std::size_t>(n); ++j) {
+      for (int k = 0; k < n; ++k)
+        product[i][j] += a[i][static_cast<std::size_t>(k)] * b[k][j];
+    }
+  }
+  return product;
+}
+
+// The method as it is described, with whole products and rows by fprintf.
+void jacobiPlain(benchmark::State& state) {
+  const NoTrace noTrace;
+  const int n = static_cast<int>(state.range(0));
+  for (auto _ : state) {
+    Matrix M = symmetricMatrix(n);
+    Matrix V = getIdentityMatrix(n);
+    int k = 0;
+    do {
+      std::size_t p = 0;
+      std::size_t q = 1;
+      for (std::size_t i = 0; i < M[0].size(); ++i) {
+        for (std::size_t j = 0; j < M[0].size(); ++j) {
+          const bool larger =
+              std::abs(M[static_cast<int>(i)][j]) > std::abs(M[static_cast<int>(p)][q]);
+          if (i != j && larger) p = i, q = j;
+        }
+      }
+      const int P = static_cast<int>(p);
+      const int Q = static_cast<int>(q);
+      const double angle = std::atan(2 * M[P][q] / (M[P][p] - M[Q][q])) / 2;
+      Matrix U = getIdentityMatrix(n);
+      U[P][p] = U[Q][q] = std::cos(angle);
+      U[Q][p] = std::sin(angle);
+      U[P][q] = -U[Q][p];
+      M = plainProduct(plainProduct(U.transposed(), M), U);
+      V = plainProduct(V, U);
+      std::cerr << "Iteration: " << ++k << std::endl << "Angle: " << angle << std::endl;
+      std::cerr << "Epsilon: " << off(M) << std::endl << "Matrix:" << std::endl;
+      for (int i = 0; i < n; ++i) {
+        for (const double element : M[i])
+          std::fprintf(stderr, "%10.6lf ", element);
+        std::fprintf(stderr, "\n");
+      }
+      std::cerr << std::endl;
+    } while (off(M) >= kAccuracy);
+  }
+}
+
+void jacobiEigen(benchmark::State& state) {
+  const Eigen::MatrixXd a = eigenMatrix(symmetricMatrix(static_cast<int>(state.range(0))));
+  Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd> solver(a.rows());
+  for (auto _ : state) {
+    solver.compute(a);
+    benchmark::DoNotOptimize(solver.eigenvalues().data());
+  }
+}
+
 BENCHMARK(productOurs)->Arg(4)->Arg(50)->Arg(200);
 BENCHMARK(productEigen)->Arg(4)->Arg(50)->Arg(200);
 BENCHMARK(lupOurs)->Arg(4)->Arg(50)->Arg(200);
 BENCHMARK(lupPlain)->Arg(4)->Arg(50)->Arg(200);
 BENCHMARK(lupEigen)->Arg(4)->Arg(50)->Arg(200);
+BENCHMARK(jacobiOurs)->Arg(10)->Arg(40)->Arg(80);
+BENCHMARK(jacobiPlain)->Arg(10)->Arg(40);
+BENCHMARK(jacobiEigen)->Arg(10)->Arg(40);
 
 }  // namespace
