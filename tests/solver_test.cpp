@@ -159,6 +159,16 @@ TEST(Solvers, EuclideanNormSumsInIndexOrder) {
   EXPECT_EQ(vnorm({1e8, 1, 1}), 1e8);
 }
 
+TEST(Newton, RefusesARowThatIsTooShort) {
+  NewtonProblem problem = newton({"x1", "x2"}, {1, 2}, {{"1", "0"}, {"0"}});
+  int iters = 0;
+  EXPECT_THROW(problem.calcJacobi(1, 1, {1, 2}), MatrixWrongDimensions);
+  EXPECT_EQ(captureTrace([&] {
+              EXPECT_THROW(solve_nonlinear_system_newton(problem, 1, iters), MatrixWrongDimensions);
+            }),
+            "Solve nonlinear system with Newton method start.\nIteration: 1\n");
+}
+
 constexpr char kSimpleConstructor[] =
     "SimpleItersProblem::SimpleItersProblem(const std::vector<Function>&, const "
     "std::vector<double>&, "

@@ -256,6 +256,19 @@ TEST_F(WindowTest, AResultTooLongForItsFieldShowsItsBeginningAndHasATip) {
   EXPECT_EQ(field->toolTip().toStdString(), "");
 }
 
+TEST_F(WindowTest, VeryLongTextsAreAnsweredLikeAnyOther) {
+  const QString nested = QString(16383, '(') + "1" + QString(16383, ')');
+  enter(false, 1, nested);
+  click("calcButton");
+  EXPECT_EQ(results(), "1;;;;2");
+  enter(true, 1, "x1-1", "1");
+  grid()->item(0, 0)->setText("1" + QString(1 << 20, '0'));
+  EXPECT_EQ(boxOf("calcButton").text, "Неправильный формат ввода выражения");
+  grid()->item(0, 0)->setText("1" + QString("+0*x1").repeated(1 << 18));
+  click("calcButton");
+  EXPECT_EQ(results(), "1;;;;2");
+}
+
 TEST_F(WindowTest, ALogThatCannotGrowCostsNeitherTheResultNorLaterLines) {
   enter(false, 1, "0.5*x1+1");
   rlimit limit{};

@@ -42,7 +42,6 @@ Row rowOf(const Ui_Widget& ui, int i) {
 }  // namespace
 
 void Widget::on_calcButton_clicked() {
-  commitCellEditor();
   Trace::takeLoss();
   calculate();
   if (!Trace::takeLoss()) return;
@@ -54,6 +53,7 @@ void Widget::on_calcButton_clicked() {
 
 void Widget::calculate() {
   clearResult();
+  commitCellEditor();
   std::setlocale(LC_ALL, "C");
   const int n = ui->n->value();
   const double accuracy = ui->epsilon->value();

@@ -5,14 +5,14 @@
 
 #include <cassert>
 #include <cmath>
+#include <iterator>
 
 #include "solver/iteration_trace.h"
 #include "trace/trace.h"
 
 // A failed assertion prints its condition, its line and the signature of its
 // function, and that text is what a report of such a failure is told by: the
-// assertions of this file stay on the lines where they are. A test compares
-// the whole text.
+// assertions of this file stay on their lines. A test compares the whole text.
 
 SimpleItersProblem::SimpleItersProblem(const std::vector<Function>& mapping,
                                        const std::vector<double>& initial,
@@ -86,7 +86,7 @@ double NewtonProblem::calcJacobi(int i, int j, const std::vector<double>& x) {
   const int n = size();
   assert(0 <= i && i < n);
   assert(0 <= j && j < n);
-  return jacobi[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)](x);
+  return element(i, j)(x);
 }
 
 void NewtonProblem::calcAll(const std::vector<double>& x, std::vector<double>& negative,
@@ -96,10 +96,16 @@ void NewtonProblem::calcAll(const std::vector<double>& x, std::vector<double>& n
   for (std::size_t i = 0; i < f.size(); ++i)
     negative[i] = -f[i].at(point);
   for (int i = 0; i < size(); ++i) {
-    std::vector<Function>& row = jacobi[static_cast<std::size_t>(i)];
-    for (std::size_t j = 0; j < f.size(); ++j)
-      J[i][j] = row[j].at(point);
+    for (int j = 0; j < size(); ++j) {
+      J[i][static_cast<std::size_t>(j)] = element(i, j).at(point);
+    }
   }
+}
+
+Function& NewtonProblem::element(int i, int j) {
+  std::vector<Function>& row = jacobi[static_cast<std::size_t>(i)];
+  if (std::ssize(row) <= j) throw MatrixWrongDimensions();
+  return row[static_cast<std::size_t>(j)];
 }
 
 std::vector<double> solve_nonlinear_system_newton(NewtonProblem& problem, const double& eps,

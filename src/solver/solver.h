@@ -58,7 +58,7 @@ class NewtonProblem {
   /// @param initial the initial approximation, of length n
   /// @param derivatives n rows of n functions, ∂fi/∂xj in row i, column j
   /// @pre the three lengths agree; asserted in every build. The lengths of the
-  ///   rows are the caller's to keep.
+  ///   rows are not looked at before they are used.
   NewtonProblem(const std::vector<Function>& functions, const std::vector<double>& initial,
                 const std::vector<std::vector<Function>>& derivatives);
 
@@ -68,11 +68,13 @@ class NewtonProblem {
 
   /// ∂fi/∂xj at x, both counted from 0; what the Function throws passes through.
   /// @pre 0 <= i < n and 0 <= j < n; asserted in every build
+  /// @throws MatrixWrongDimensions where row i has no element j
   double calcJacobi(int i, int j, const std::vector<double>& x);
 
   /// All of -f at x into `negative`, of length n, then the Jacobi matrix, row
   /// by row, into J, n × n.
   /// @throws what the Functions throw; the values before it are written
+  /// @throws MatrixWrongDimensions where a row is too short
   void calcAll(const std::vector<double>& x, std::vector<double>& negative, Matrix& J);
 
   /// The initial approximation, of length n.
@@ -82,6 +84,8 @@ class NewtonProblem {
   int size() const { return static_cast<int>(f.size()); }
 
  private:
+  Function& element(int i, int j);
+
   std::vector<Function> f;
   std::vector<double> start;
   std::vector<std::vector<Function>> jacobi;
