@@ -88,6 +88,7 @@ TEST(Function, FollowsItsVariablesThroughEveryChange) {
   EXPECT_EQ(f({3}), 23);
   Function moved = std::move(f);
   EXPECT_EQ(moved({4}), 24);
+  EXPECT_THROW(f({4}), ExpressionWrongFormat);  // NOLINT(bugprone-use-after-move)
   EXPECT_THROW(Function("x1", "a=1"), ExpressionWrongFormat);
 }
 

@@ -185,4 +185,23 @@ TEST(LUP, TracesFactorsAndTheirProduct) {
             "LUP decomposition start.\n");
 }
 
+TEST(Matrix, ReadsOnlyItsColumnsOfARowThatIsLonger) {
+  Matrix a = matrixOf({{0, 1}, {2, 4}});
+  const std::string trace = captureTrace([&] { solveWithLUP(a, {1, 2}); });
+  const double largest = norm(a);
+  a[1] = {2, 4, 100, 100, 100, 100, 100, 100, 100, 100};
+  EXPECT_EQ(captureTrace([&] { EXPECT_EQ(solveWithLUP(a, {1, 2}), Vector({-1, 1})); }), trace);
+  EXPECT_EQ(norm(a), largest);
+  a.swapRows(0, 1);
+  EXPECT_EQ(rowsOf(a * 1.0 + Matrix(2) - Matrix(2)), rowsOf(matrixOf({{2, 4}, {0, 1}})));
+}
+
+TEST(LUP, RefusesFactorsOfDifferentDimensions) {
+  const Matrix one(1);
+  const Matrix two = getIdentityMatrix(2);
+  EXPECT_THROW(solveWithLUP(one, two, two, {1, 2}), MatrixWrongDimensions);
+  EXPECT_THROW(solveWithLUP(two, one, two, {1, 2}), MatrixWrongDimensions);
+  EXPECT_THROW(solveWithLUP(two, two, one, {1}), MatrixWrongDimensions);
+}
+
 }  // namespace

@@ -60,7 +60,9 @@ Expression::Expression(const std::string& text) {
   std::vector<token> tokens;
   split(text, tokens);
   check_expression(tokens);
-  convert_expression(tokens, postfix);
+  std::vector<token> converted;
+  convert_expression(tokens, converted);
+  postfix = TokenSequence<token>(std::move(converted));
   program = compile(postfix);
 }
 

@@ -13,6 +13,7 @@
 #include "expression/errors.h"
 #include "expression/name_set.h"
 #include "expression/program.h"
+#include "expression/token_sequence.h"
 #include "expression/value_map.h"
 
 /// A line of text compiled into a checked postfix sequence, and the values of
@@ -125,10 +126,10 @@ class Expression {
   /// @throws ExpressionWrongFormat for an unknown name
   double apply_function(const std::string& name, double x) const;
 
-  NameSet functions;           ///< the names of the built-in functions
-  NameSet operators;           ///< the operators, one character each
-  ValueMap variables;          ///< "pi" and every value set since
-  std::vector<token> postfix;  ///< the compiled text, for reading only
+  NameSet functions;             ///< the names of the built-in functions
+  NameSet operators;             ///< the operators, one character each
+  ValueMap variables;            ///< "pi" and every value set since
+  TokenSequence<token> postfix;  ///< the compiled text
 
  protected:
   /// Binds x1 .. xn to n values and evaluates: what eval() does with the text

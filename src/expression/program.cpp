@@ -126,7 +126,7 @@ void Program::throwFirstFault(const double* const* places) const {
   for (const Operand& operand : memory) {
     if (*places++ == nullptr) throw ExpressionUnknownVariable(operand.name);
   }
-  if (failed) throw ExpressionWrongFormat();
+  if (hasFailed()) throw ExpressionWrongFormat();
 }
 
 LinkedProgram Program::link(const double* const* places) const {

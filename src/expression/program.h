@@ -113,8 +113,8 @@ class Program {
   /// names it.
   const std::vector<Operand>& operands() const { return memory; }
 
-  /// Whether the sequence has a fault.
-  bool hasFailed() const { return failed; }
+  /// Whether the sequence has a fault; one that was never compiled has.
+  bool hasFailed() const { return failed || code.empty(); }
 
   /// Throws the fault that evaluation would meet first, if there is one.
   /// @param places the address of each operand's value, null where it has none

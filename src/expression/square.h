@@ -14,15 +14,18 @@ double squareThroughPow(double x);
 /// pow(x, 2.0), bit for bit, at a quarter of its cost.
 ///
 /// x·x is the double nearest to the square; what pow returns is not always
-/// that one. But the C library's pow is never more than 0.55 units in the last
-/// place off (it states 0.54), so that the two can differ only where the exact
-/// square lies within 0.05 units of the middle between two doubles. The square
+/// that one. But what the C library's pow rounds is never more than 0.05 units
+/// in the last place off (it states 0.54 for the rounded result), so that the
+/// two can differ only where the exact square lies within 0.05 units of the
+/// middle between two doubles; just above a power of two, where the units below
+/// are half as large, only the power itself is near enough to matter, and it
+/// lies a quarter of a unit from the next middle. The square
 /// of the mantissa has at most 106 bits, and those past the 53rd, taken as a
 /// fraction, tell how far the middle is: nine times in ten it is far enough.
 /// Far from 1, where squares overflow or become subnormal, pow has its way, as
 /// it has with every C library whose bound is not known.
 inline double squareAsPow(double x) {
-#ifdef __GLIBC__
+#if defined(__GLIBC__) && (defined(__x86_64__) || defined(__aarch64__))
   const auto bits = std::bit_cast<std::uint64_t>(x);
   const std::uint64_t exponent = (bits >> 52) & 0x7ff;
   if (exponent - 523 <= 1000) {

@@ -44,7 +44,12 @@ class ValueMap {
 
   /// The value of a name.
   /// @throws std::out_of_range for an absent name
+  double& at(const std::string& name) { return values.at(name); }
+  /// @copydoc at
   const double& at(const std::string& name) const { return values.at(name); }
+
+  /// Sets the value of a name, which is added if it is absent.
+  void insert_or_assign(std::string_view name, double value) { (*this)[name] = value; }
 
   /// The place of a name, or end().
   iterator find(std::string_view name) { return values.find(name); }

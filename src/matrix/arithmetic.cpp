@@ -49,8 +49,8 @@ double norm(const Matrix& a) {
   double maximum = 0;
   for (int i = 0; i < a.dimension(); ++i) {
     double sum = 0;
-    for (const double element : a[i])
-      sum += std::abs(element);
+    for (std::size_t j = 0; j < static_cast<std::size_t>(a.dimension()); ++j)
+      sum += std::abs(a[i][j]);
     if (sum > maximum) maximum = sum;
   }
   return maximum;

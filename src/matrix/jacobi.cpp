@@ -143,7 +143,7 @@ void getEigenvaluesWithJacobi(const Matrix& A, const double& eps, std::vector<do
   // In this order: `eigenvectors` may be the matrix A itself.
   const int n = A.dimension();
   eigenvectors = getIdentityMatrix(n);
-  Matrix M = A;
+  Matrix M = A * 1.0;  // n elements of each row, whatever it holds beyond them
   iters = diagonalise(trace, M, eigenvectors, eps);
   trace << "Jacobi method stop (target accuracy achieved).\n\n";
   eigenvalues.resize(static_cast<std::size_t>(n));

@@ -37,7 +37,7 @@ int findPivot(const Matrix& U, int k) {
 }
 
 void eliminateBelow(Matrix& L, Matrix& U, int k) {
-  const std::size_t n = U[k].size();
+  const auto n = static_cast<std::size_t>(U.dimension());
   const auto column = static_cast<std::size_t>(k);
   const double* const pivotRow = U[k].data();
   for (int i = k + 1; i < U.dimension(); ++i) {
@@ -56,6 +56,9 @@ void LUPdecomposition(const Matrix& A, Matrix& L, Matrix& U, Matrix& P, int& swa
   makeIdentity(L, n);
   makeIdentity(P, n);
   U = A;
+  // Whatever a row of A may hold beyond its n elements is not part of it.
+  for (int i = 0; i < n; ++i)
+    U[i].resize(static_cast<std::size_t>(n));
   swaps = 0;
   for (int k = 0; k < n; ++k) {
     const int pivot = findPivot(U, k);
@@ -75,9 +78,10 @@ void LUPdecomposition(const Matrix& A, Matrix& L, Matrix& U, Matrix& P, int& swa
 std::vector<double> solveWithLUP(const Matrix& L, const Matrix& U, const Matrix& P,
                                  const std::vector<double>& b) {
   std::vector<double> x = P * b;
-  const auto n = static_cast<std::size_t>(L.dimension());
-  if (x.size() < n) throw MatrixWrongDimensions();
-  x.resize(n);
+  const std::size_t n = x.size();
+  if (L.dimension() != P.dimension() || U.dimension() != P.dimension()) {
+    throw MatrixWrongDimensions();
+  }
   for (std::size_t i = 1; i < n; ++i) {
     const double* const row = L[static_cast<int>(i)].data();
     for (std::size_t j = 0; j < i; ++j)

@@ -41,30 +41,30 @@ std::vector<double> Matrix::operator*(const std::vector<double>& v) const {
 }
 
 Matrix Matrix::operator*(const double& s) const {
-  Matrix product = *this;
-  for (auto& row : product.rows) {
-    for (double& element : row)
-      element *= s;
+  Matrix product(dimension());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    for (std::size_t j = 0; j < rows.size(); ++j)
+      product.rows[i][j] = rows[i][j] * s;
   }
   return product;
 }
 
 Matrix Matrix::operator+(const Matrix& b) const {
   checkDimension(b.rows.size());
-  Matrix sum = *this;
+  Matrix sum(dimension());
   for (std::size_t i = 0; i < rows.size(); ++i) {
     for (std::size_t j = 0; j < rows.size(); ++j)
-      sum.rows[i][j] += b.rows[i][j];
+      sum.rows[i][j] = rows[i][j] + b.rows[i][j];
   }
   return sum;
 }
 
 Matrix Matrix::operator-(const Matrix& b) const {
   checkDimension(b.rows.size());
-  Matrix difference = *this;
+  Matrix difference(dimension());
   for (std::size_t i = 0; i < rows.size(); ++i) {
     for (std::size_t j = 0; j < rows.size(); ++j)
-      difference.rows[i][j] -= b.rows[i][j];
+      difference.rows[i][j] = rows[i][j] - b.rows[i][j];
   }
   return difference;
 }
@@ -80,7 +80,7 @@ Matrix Matrix::transposed() const {
 
 void Matrix::swapRows(int i, int j) {
   checkIndices(i, j);
-  std::swap_ranges((*this)[i].begin(), (*this)[i].end(), (*this)[j].begin());
+  std::swap_ranges((*this)[i].begin(), (*this)[i].begin() + dimension(), (*this)[j].begin());
 }
 
 void Matrix::swapColumns(int i, int j) {

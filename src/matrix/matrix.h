@@ -165,7 +165,7 @@ void LUPdecomposition(const Matrix& A, Matrix& L, Matrix& U, Matrix& P, int& swa
 /// Solves L·U·x = P·b by forward and back substitution, for the factors
 /// (n × n) of LUPdecomposition() and b of length n.
 /// @return x, of length n
-/// @throws MatrixWrongDimensions for a vector of another length
+/// @throws MatrixWrongDimensions for factors or a vector of another size
 std::vector<double> solveWithLUP(const Matrix& L, const Matrix& U, const Matrix& P,
                                  const std::vector<double>& b);
 

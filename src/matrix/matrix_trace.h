@@ -23,9 +23,10 @@ constexpr ElementFormat kEigenElements = {10, 6};
 inline void writeMatrix(Trace& trace, std::string_view label, const Matrix& a,
                         ElementFormat format) {
   trace << label << "\n";
+  const auto n = static_cast<std::size_t>(a.dimension());
   for (int i = 0; i < a.dimension(); ++i) {
-    for (const double element : a[i])
-      trace.cell(element, format.width, format.decimals);
+    for (std::size_t j = 0; j < n; ++j)
+      trace.cell(a[i][j], format.width, format.decimals);
     trace << "\n";
   }
 }

@@ -161,7 +161,7 @@ void writeEstimates(Trace& trace, const Estimates& estimates, bool first) {
 }  // namespace
 
 void QRdecomposition(const Matrix& A, Matrix& Q, Matrix& R) {
-  Matrix W = A;
+  Matrix W = A * 1.0;  // n elements of each row, whatever it holds beyond them
   Q = getIdentityMatrix(W.dimension());
   for (int k = 0; k < W.dimension() - 1; ++k)
     reflectColumn(k, Q, W);

@@ -119,12 +119,7 @@ std::vector<double> solve_nonlinear_system_newton(NewtonProblem& problem, const 
   std::vector<double> r(static_cast<std::size_t>(n));
   for (int k = 1;; ++k) {
     writeIterationStart(trace, k);
-    for (int i = 0; i < n; ++i)
-      r[static_cast<std::size_t>(i)] = -problem.calcF(i, x);
-    for (int i = 0; i < n; ++i) {
-      for (int j = 0; j < n; ++j)
-        W[i][static_cast<std::size_t>(j)] = problem.calcJacobi(i, j, x);
-    }
+    problem.calcAll(x, r, W);
     const std::vector<double> delta = solveWithLUP(W, r);
     x = x + delta;
     const double estimate = vnorm(delta);

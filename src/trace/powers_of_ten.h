@@ -36,7 +36,7 @@ constexpr double scaled(double x, int exponent) {
 }
 
 // mantissa · 2^exponent, the mantissa's highest bit set; each step cuts off
-// less than one unit of it, so that 300 steps leave 118 good bits.
+// less than two units of it, so that 300 steps leave 118 good bits.
 struct Wide {
   Uint128 mantissa = Uint128{1} << 127;
   int exponent = -127;

@@ -24,9 +24,9 @@ std::size_t writeAll(int file, std::string_view bytes) {
   std::size_t written = 0;
   while (written < bytes.size()) {
     const ssize_t now = write(file, bytes.data() + written, bytes.size() - written);
-    if (now >= 0) {
+    if (now > 0) {
       written += static_cast<std::size_t>(now);
-    } else if (errno != EINTR) {
+    } else if (now == 0 || errno != EINTR) {
       break;
     }
   }
