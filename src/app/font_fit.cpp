@@ -115,18 +115,20 @@ bool showsWhole(const ShownText& shown) {
 
 void fitFontFamily(QWidget& window, const std::vector<ShownText>& texts,
                    const QStringList& families) {
+  const auto fits = [&](const QFont& font) {
+    window.setFont(font);
+    return std::all_of(texts.begin(), texts.end(), showsWhole);
+  };
   QList<QFont> fonts = {window.font()};
+  if (fits(fonts.first())) return;
   for (const QString& family : families) {
-    QFont font = window.font();
+    QFont font = fonts.first();
     font.setFamilies({family});
     // What stands in for a family that is not installed may be any, a serif
     // one even.
-    if (QFontInfo(font).family().startsWith(family)) fonts.append(font);
-  }
-  // Most families are out with the first text that does not fit.
-  for (const QFont& font : fonts) {
-    window.setFont(font);
-    if (std::all_of(texts.begin(), texts.end(), showsWhole)) return;
+    if (!QFontInfo(font).family().startsWith(family)) continue;
+    if (fits(font)) return;
+    fonts.append(font);
   }
   const auto loss = [&](const QFont& font) {
     window.setFont(font);

@@ -86,7 +86,7 @@ inline constexpr auto kPowers = make();
 
 /// 10^k for kSmallestPower <= k <= kLargestPower; the last is infinite.
 constexpr const PowerOfTen& powerOfTen(int k) {
-  return powers_of_ten_detail::kPowers[static_cast<std::size_t>(k - kSmallestPower)];
+  return powers_of_ten_detail::kPowers.data()[k - kSmallestPower];
 }
 
 #endif

@@ -52,6 +52,13 @@ Side sideOf(Uint128 x, Uint128 tie, bool floorIsOdd) {
   return x > tie ? Side::above : Side::below;
 }
 
+constexpr auto kPowersOfFive = [] {
+  std::array<std::uint64_t, 23> powers{1};
+  for (std::size_t i = 1; i < powers.size(); ++i)
+    powers[i] = powers[i - 1] * 5;
+  return powers;
+}();
+
 // Where x lies against (floor + 1/2)·10^power, with -9 <= power <= 22.
 Side compareAsIntegers(double x, std::uint32_t floor, int power) {
   const auto bits = std::bit_cast<std::uint64_t>(x);
@@ -60,10 +67,7 @@ Side compareAsIntegers(double x, std::uint32_t floor, int power) {
   const int exponent = static_cast<int>(bits >> 52) - 1075;
   // left·2^shift against right, after the factors 5 have gone to their side.
   const int shift = exponent + 1 - power;
-  for (int i = power; i < 0; ++i)
-    left *= 5;
-  for (int i = 0; i < power; ++i)
-    right *= 5;
+  (power < 0 ? left : right) *= kPowersOfFive.data()[std::abs(power)];
   if (shift >= 0) {
     left <<= shift;
   } else {

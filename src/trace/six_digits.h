@@ -82,7 +82,7 @@ struct Digits {
 
 inline Digits split(double x) {
   const double magnitude = std::abs(x);
-  const Binade& binade = kBinades[std::bit_cast<std::uint64_t>(magnitude) >> 52];
+  const Binade& binade = kBinades.data()[std::bit_cast<std::uint64_t>(magnitude) >> 52];
   const bool above = magnitude >= binade.border;
   const double s = x * binade.decades[above ? 1 : 0].scale;
   // Adding 1.5·2^52 rounds a small double to an integer.
