@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -78,9 +79,8 @@ Matrix tensor_product(const std::vector<double>& u, const std::vector<double>& v
   Matrix product(static_cast<int>(u.size()));
   for (int i = 0; i < product.dimension(); ++i) {
     const double factor = u[static_cast<std::size_t>(i)];
-    std::vector<double>& row = product[i];
-    for (std::size_t j = 0; j < v.size(); ++j)
-      row[j] = factor * v[j];
+    std::transform(v.begin(), v.end(), product[i].begin(),
+                   [factor](double element) { return factor * element; });
   }
   return product;
 }

@@ -3,8 +3,10 @@
 
 #include "matrix/matrix.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <functional>
 #include <new>
 #include <utility>
 
@@ -43,8 +45,8 @@ std::vector<double> Matrix::operator*(const std::vector<double>& v) const {
 Matrix Matrix::operator*(const double& s) const {
   Matrix product(dimension());
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    for (std::size_t j = 0; j < rows.size(); ++j)
-      product.rows[i][j] = rows[i][j] * s;
+    std::transform(rows[i].begin(), rows[i].begin() + dimension(), product.rows[i].begin(),
+                   [s](double element) { return element * s; });
   }
   return product;
 }
@@ -53,8 +55,8 @@ Matrix Matrix::operator+(const Matrix& b) const {
   checkDimension(b.rows.size());
   Matrix sum(dimension());
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    for (std::size_t j = 0; j < rows.size(); ++j)
-      sum.rows[i][j] = rows[i][j] + b.rows[i][j];
+    std::transform(rows[i].begin(), rows[i].begin() + dimension(), b.rows[i].begin(),
+                   sum.rows[i].begin(), std::plus<>());
   }
   return sum;
 }
@@ -63,8 +65,8 @@ Matrix Matrix::operator-(const Matrix& b) const {
   checkDimension(b.rows.size());
   Matrix difference(dimension());
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    for (std::size_t j = 0; j < rows.size(); ++j)
-      difference.rows[i][j] = rows[i][j] - b.rows[i][j];
+    std::transform(rows[i].begin(), rows[i].begin() + dimension(), b.rows[i].begin(),
+                   difference.rows[i].begin(), std::minus<>());
   }
   return difference;
 }

@@ -34,12 +34,13 @@ Matrix reflection(const std::vector<double>& v) {
 void applyToRows(const Matrix& H, int offset, Matrix& W) {
   Matrix product(H.dimension());
   for (int i = 0; i < H.dimension(); ++i) {
-    std::vector<double>& sums = product[i];
-    sums.resize(W[i].size());
+    product[i].resize(W[i].size());
+    double* const sums = product[i].data();
+    const std::size_t n = W[i].size();
     for (int k = 0; k < H.dimension(); ++k) {
       const double factor = H[i][static_cast<std::size_t>(k)];
       const double* const row = W[offset + k].data();
-      for (std::size_t j = 0; j < sums.size(); ++j)
+      for (std::size_t j = 0; j < n; ++j)
         sums[j] += factor * row[j];
     }
   }
@@ -49,17 +50,19 @@ void applyToRows(const Matrix& H, int offset, Matrix& W) {
 
 // Q = Q·diag(I, H)
 void applyToColumns(const Matrix& H, int offset, Matrix& Q) {
-  std::vector<double> sums;
+  const auto n = static_cast<std::size_t>(H.dimension());
+  std::vector<double> gathered(n);
+  double* const sums = gathered.data();
   for (int i = 0; i < Q.dimension(); ++i) {
     double* const row = Q[i].data() + offset;
-    sums.assign(static_cast<std::size_t>(H.dimension()), 0);
+    std::fill_n(sums, n, 0.0);
     for (int k = 0; k < H.dimension(); ++k) {
       const double factor = row[k];
       const double* const other = H[k].data();
-      for (std::size_t j = 0; j < sums.size(); ++j)
+      for (std::size_t j = 0; j < n; ++j)
         sums[j] += factor * other[j];
     }
-    std::copy(sums.begin(), sums.end(), row);
+    std::copy_n(sums, n, row);
   }
 }
 
