@@ -43,8 +43,7 @@ void callByHand(benchmark::State& state) {
   double a = 0.75;
   benchmark::DoNotOptimize(a);
   for (auto _ : state) {
-    benchmark::DoNotOptimize(
-        byHand(static_cast<int>(state.range(0)), at[i++ & 255].data(), a));
+    benchmark::DoNotOptimize(byHand(static_cast<int>(state.range(0)), at[i++ & 255].data(), a));
   }
 }
 
