@@ -66,8 +66,8 @@ std::vector<double> solve_nonlinear_system_simple_iters(SimpleItersProblem& prob
   }
 }
 
-// The rows of the Jacobi matrix are not measured: their lengths are the
-// caller's to keep.
+// The rows of the Jacobi matrix are measured where they are used: a problem
+// that is never solved may hold short ones.
 NewtonProblem::NewtonProblem(const std::vector<Function>& functions,
                              const std::vector<double>& initial,
                              const std::vector<std::vector<Function>>& derivatives)
