@@ -1,17 +1,32 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include <cmath>
+#include <bit>
+#include <cstdint>
+#include <limits>
 #include <string>
 
 #include "expression/builtins.h"
 #include "expression/expression.h"
 #include "expression/number.h"
+#include "trace/six_digits.h"
 
 namespace {
 
+[[noreturn, gnu::cold, gnu::noinline]] void throwBadResult() {
+  throw ExpressionBadResult();
+}
+
+// std::isfinite() in integers: no constant has to survive a call of the
+// program in a register.
+bool isFinite(double value) {
+  constexpr auto infinity = std::bit_cast<std::uint64_t>(std::numeric_limits<double>::infinity());
+  return (std::bit_cast<std::uint64_t>(value) << 1) < (infinity << 1);
+}
+
 double checkedResult(double value) {
-  if (!std::isfinite(value)) throw ExpressionBadResult();
+  if (!isFinite(value)) [[unlikely]]
+    throwBadResult();
   return value;
 }
 
@@ -116,20 +131,39 @@ void Expression::bindArguments(std::size_t count) {
   }
 }
 
-double Expression::evaluateAt(const double* rounded, std::size_t n) {
-  if (binding.generation != variables.generation() || binding.arguments.size() < n) [[unlikely]] {
-    bindArguments(n);
-  }
-  double* const* const arguments = binding.arguments.data();
-  for (std::size_t i = 0; i < n; ++i)
-    *arguments[i] = rounded[i];
-  if (!binding.complete) [[unlikely]] {
-    // A variable may get its value at any later time, so that a missing one is
-    // looked for at every call.
-    std::vector<const double*> places;
-    locate(program, variables, places, binding.complete);
-    if (!binding.complete) program.throwFirstFault(places.data());
-    binding.linked = program.link(places.data());
-  }
+void Expression::linkProgram() {
+  // A variable may get its value at any later time, so that a missing one is
+  // looked for at every call.
+  std::vector<const double*> places;
+  locate(program, variables, places, binding.complete);
+  if (!binding.complete) program.throwFirstFault(places.data());
+  binding.linked = program.link(places.data());
+}
+
+inline double Expression::evaluateBound() {
+  if (!binding.complete) [[unlikely]]
+    linkProgram();
   return checkedResult(binding.linked.run());
+}
+
+inline double* const* Expression::placesOfArguments(std::size_t n) {
+  if (binding.generation != variables.generation() || binding.arguments.size() < n) [[unlikely]]
+    bindArguments(n);
+  return binding.arguments.data();
+}
+
+double Expression::evaluateAt(const double* rounded, std::size_t n) {
+  double* const* const places = placesOfArguments(n);
+  for (std::size_t i = 0; i < n; ++i)
+    *places[i] = rounded[i];
+  return evaluateBound();
+}
+
+double Expression::evaluateRounding(const double* x, std::size_t n) {
+  for (std::size_t i = 0; i < n; ++i)
+    checkedResult(x[i]);
+  double* const* const places = placesOfArguments(n);
+  for (std::size_t i = 0; i < n; ++i)
+    *places[i] = roundToSixDigits(x[i]);
+  return evaluateBound();
 }

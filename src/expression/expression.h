@@ -138,6 +138,12 @@ class Expression {
   /// @throws what eval() throws
   double evaluateAt(const double* rounded, std::size_t n);
 
+  /// The same at n values that may be anything and are rounded to six
+  /// significant digits on the way.
+  /// @throws ExpressionBadResult before any is bound, if one is NaN or
+  ///   infinite; what eval() throws
+  double evaluateRounding(const double* x, std::size_t n);
+
  private:
   // Where the values of this object's variables lie; of no use to a copy.
   struct Binding {
@@ -162,7 +168,10 @@ class Expression {
 
   static Program compile(const std::vector<token>& sequence);
   void appendName(std::string_view name, std::vector<token>& out) const;
-  void bindArguments(std::size_t count);
+  [[gnu::cold]] void bindArguments(std::size_t count);
+  [[gnu::cold]] void linkProgram();
+  double* const* placesOfArguments(std::size_t n);
+  double evaluateBound();
 
   Program program;
   Binding binding;

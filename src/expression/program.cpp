@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <iterator>
 
 #include "expression/errors.h"
@@ -15,16 +16,10 @@ namespace {
 constexpr double kHalfPi = 1.5707963267948966;
 constexpr double kLn2 = 0.6931471805599453;
 
-// Deeper stacks than this come from the heap.
-constexpr std::size_t kUsualDepth = 32;
-
 // A name met again gets its old place when that is among the first ones; an
 // expression of very many names stays linear in its length.
 constexpr std::size_t kOperandsSearched = 16;
 
-double identity(double x) {
-  return x;
-}
 double negated(double x) {
   return -x;
 }
@@ -38,15 +33,19 @@ double binaryLogarithm(double x) {
   return std::log(x) / kLn2;
 }
 
-// By operation, from identity on. Outside its domain a function is whatever
+// By operation, from negate on. Outside its domain a function is whatever
 // the C library makes of it.
 constexpr double (*kFunctions[])(double) = {
-    identity,  negated,   std::sin,     std::cos,  std::tan,    cotangent,  std::asin,
-    std::acos, std::atan, arccotangent, std::exp,  std::log,    std::log10, binaryLogarithm,
-    std::fabs, std::sqrt, std::sinh,    std::cosh, squareAsPow,
+    negated,         std::sin,  std::cos,     std::tan,  cotangent, std::asin,
+    std::acos,       std::atan, arccotangent, std::exp,  std::log,  std::log10,
+    binaryLogarithm, std::fabs, std::sqrt,    std::sinh, std::cosh,
 };
 static_assert(std::size(kFunctions) ==
-              static_cast<int>(Operation::add) - static_cast<int>(Operation::identity));
+              static_cast<int>(Operation::square) - static_cast<int>(Operation::negate));
+
+double (*functionOf(Operation operation))(double) {
+  return kFunctions[static_cast<int>(operation) - static_cast<int>(Operation::negate)];
+}
 
 }  // namespace
 
@@ -69,7 +68,7 @@ void Program::pushVariable(std::string_view name) {
 }
 
 void Program::append(Instruction instruction) {
-  if (instruction.loads) maxDepth = std::max(maxDepth, ++depth);
+  if (instruction.form == Form::inMemory) maxDepth = std::max(maxDepth, ++depth);
   code.push_back(instruction);
 }
 
@@ -87,7 +86,11 @@ void Program::apply(Operation operation) {
 
 void Program::applyToOne(Operation operation) {
   const Value x = values.back();
-  append({LinkedProgram::codeOf(operation, Form::onStack), x.inMemory, x.operand, 0});
+  if (operation == Operation::identity && !x.inMemory) return;
+  const Code one = operation == Operation::identity ? Code::load
+                   : operation == Operation::square ? Code::square
+                                                    : Code::call;
+  append({one, x.inMemory ? Form::inMemory : Form::onStack, operation, x.operand});
 }
 
 bool Program::isConstantTwo(const Value& value) const {
@@ -100,14 +103,30 @@ void Program::applyToTwo(Operation operation) {
   const Value left = values.back();
   if (operation == Operation::power && isConstantTwo(right)) {
     applyToOne(Operation::square);
-  } else if (right.inMemory) {
-    append({LinkedProgram::codeOf(operation, Form::rightInMemory), left.inMemory, left.operand,
-            right.operand});
-  } else if (left.inMemory) {
-    append({LinkedProgram::codeOf(operation, Form::leftInMemory), false, 0, left.operand});
+    return;
+  }
+  const auto sameCode = static_cast<int>(operation) - static_cast<int>(Operation::add);
+  const auto two = static_cast<Code>(sameCode + static_cast<int>(Code::add));
+  if (!left.inMemory && !right.inMemory) {
+    applyToComputed(two);
   } else {
-    append({LinkedProgram::codeOf(operation, Form::onStack), false, 0, 0});
-    --depth;
+    const Form form = !left.inMemory    ? Form::rightInMemory
+                      : !right.inMemory ? Form::leftInMemory
+                                        : Form::inMemory;
+    append({two, form, {}, left.operand, right.operand});
+  }
+}
+
+// Neither operand is in memory.
+void Program::applyToComputed(Code operation) {
+  --depth;
+  Instruction& last = code.back();
+  const bool isSum = operation == Code::add || operation == Code::subtract;
+  if (isSum && last.code == Code::multiply && last.form == Form::inMemory) {
+    last.code = operation == Code::add ? Code::addProduct : Code::subtractProduct;
+    last.form = Form::onStack;
+  } else {
+    code.push_back({operation, Form::onStack});
   }
 }
 
@@ -119,6 +138,7 @@ void Program::finish() {
   if (values.size() != 1) fail();
   if (failed) return;
   if (values[0].inMemory) applyToOne(Operation::identity);
+  code.push_back({Code::end, Form::onStack});
   values = {};
 }
 
@@ -131,84 +151,94 @@ void Program::throwFirstFault(const double* const* places) const {
 
 LinkedProgram Program::link(const double* const* places) const {
   LinkedProgram linked;
-  linked.maxDepth = maxDepth;
+  linked.stack.resize(maxDepth);
   linked.code.reserve(code.size());
-  for (const Instruction& instruction : code) {
-    linked.code.push_back({instruction.code, instruction.loads, places[instruction.loaded],
-                           places[instruction.operand]});
+  for (const Instruction& from : code) {
+    LinkedProgram::Instruction& to = linked.code.emplace_back();
+    to.code = LinkedProgram::codeOf(from.code, from.form);
+    to.left = places[from.left];
+    if (from.code == Code::call) {
+      to.function = functionOf(from.function);
+    } else {
+      to.right = places[from.right];
+    }
   }
   return linked;
 }
 
-// Every pop is of a value that was pushed: the compilation has counted them.
-// NOLINTBEGIN(clang-analyzer-core.*)
-double LinkedProgram::runOnStack(double* stack) const {
+// Each instruction jumps to the next one itself: dispatch from one place, as by
+// a switch in a loop, takes twice the instructions. Labels are values in all
+// compilers that this is built with, though not in the language.
+//
+// Every pop is of a value that was pushed, and the end is met: the compilation
+// has seen to it.
+// NOLINTBEGIN(clang-analyzer-core.*,bugprone-macro-parentheses)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wpedantic"
+#define NEXT() goto* labels[(++at)->code]
+#define PUSH() *top++ = accumulator
+#define ONE_OPERAND(name, compute)                    \
+  name##OnStack : accumulator = compute(accumulator); \
+  NEXT();                                             \
+  name##InMemory : PUSH();                            \
+  accumulator = compute(*at->left);                   \
+  NEXT();
+#define TWO_OPERANDS(name, compute)                             \
+  name##OnStack : accumulator = compute(*--top, accumulator);   \
+  NEXT();                                                       \
+  name##Right : accumulator = compute(accumulator, *at->right); \
+  NEXT();                                                       \
+  name##Left : accumulator = compute(*at->left, accumulator);   \
+  NEXT();                                                       \
+  name##InMemory : PUSH();                                      \
+  accumulator = compute(*at->left, *at->right);                 \
+  NEXT();
+
+double LinkedProgram::run() {
+  // clang-format off
+  static const void* const labels[] = {  // by Code, and by Form in each row
+      &&end, nullptr, nullptr, nullptr,
+      nullptr, nullptr, nullptr, &&load,
+      &&callOnStack, nullptr, nullptr, &&callInMemory,
+      &&squareOnStack, nullptr, nullptr, &&squareInMemory,
+      &&addOnStack, &&addRight, &&addLeft, &&addInMemory,
+      &&subtractOnStack, &&subtractRight, &&subtractLeft, &&subtractInMemory,
+      &&multiplyOnStack, &&multiplyRight, &&multiplyLeft, &&multiplyInMemory,
+      &&divideOnStack, &&divideRight, &&divideLeft, &&divideInMemory,
+      &&powerOnStack, &&powerRight, &&powerLeft, &&powerInMemory,
+      &&addProduct, nullptr, nullptr, nullptr,
+      &&subtractProduct, nullptr, nullptr, nullptr,
+  };
+  // clang-format on
+  const Instruction* at = code.data();
+  double* top = stack.data();
   double accumulator = 0;
-  for (const Instruction& instruction : code) {
-    if (instruction.loads) {
-      *stack++ = accumulator;
-      accumulator = *instruction.loaded;
-    }
-    switch (instruction.code) {
-      case codeOf(Operation::add, Form::onStack):
-        accumulator = *--stack + accumulator;
-        break;
-      case codeOf(Operation::add, Form::rightInMemory):
-        accumulator = accumulator + *instruction.operand;
-        break;
-      case codeOf(Operation::add, Form::leftInMemory):
-        accumulator = *instruction.operand + accumulator;
-        break;
-      case codeOf(Operation::subtract, Form::onStack):
-        accumulator = *--stack - accumulator;
-        break;
-      case codeOf(Operation::subtract, Form::rightInMemory):
-        accumulator = accumulator - *instruction.operand;
-        break;
-      case codeOf(Operation::subtract, Form::leftInMemory):
-        accumulator = *instruction.operand - accumulator;
-        break;
-      case codeOf(Operation::multiply, Form::onStack):
-        accumulator = *--stack * accumulator;
-        break;
-      case codeOf(Operation::multiply, Form::rightInMemory):
-        accumulator = accumulator * *instruction.operand;
-        break;
-      case codeOf(Operation::multiply, Form::leftInMemory):
-        accumulator = *instruction.operand * accumulator;
-        break;
-      case codeOf(Operation::divide, Form::onStack):
-        accumulator = *--stack / accumulator;
-        break;
-      case codeOf(Operation::divide, Form::rightInMemory):
-        accumulator = accumulator / *instruction.operand;
-        break;
-      case codeOf(Operation::divide, Form::leftInMemory):
-        accumulator = *instruction.operand / accumulator;
-        break;
-      case codeOf(Operation::power, Form::onStack):
-        accumulator = std::pow(*--stack, accumulator);
-        break;
-      case codeOf(Operation::power, Form::rightInMemory):
-        accumulator = std::pow(accumulator, *instruction.operand);
-        break;
-      case codeOf(Operation::power, Form::leftInMemory):
-        accumulator = std::pow(*instruction.operand, accumulator);
-        break;
-      default:
-        accumulator =
-            kFunctions[instruction.code - codeOf(Operation::identity, Form::onStack)](accumulator);
-    }
-  }
+  goto* labels[at->code];
+
+load:
+  PUSH();
+  accumulator = *at->left;
+  NEXT();
+  ONE_OPERAND(call, at->function)
+  ONE_OPERAND(square, squareAsPow)
+  TWO_OPERANDS(add, std::plus<>())
+  TWO_OPERANDS(subtract, std::minus<>())
+  TWO_OPERANDS(multiply, std::multiplies<>())
+  TWO_OPERANDS(divide, std::divides<>())
+  TWO_OPERANDS(power, std::pow)
+addProduct:
+  accumulator = accumulator + *at->left * *at->right;
+  NEXT();
+subtractProduct:
+  accumulator = accumulator - *at->left * *at->right;
+  NEXT();
+end:
   return accumulator;
 }
-// NOLINTEND(clang-analyzer-core.*)
 
-double LinkedProgram::run() const {
-  if (maxDepth <= kUsualDepth) {
-    double stack[kUsualDepth];
-    return runOnStack(stack);
-  }
-  std::vector<double> stack(maxDepth);
-  return runOnStack(stack.data());
-}
+#undef TWO_OPERANDS
+#undef ONE_OPERAND
+#undef PUSH
+#undef NEXT
+#pragma GCC diagnostic pop
+// NOLINTEND(clang-analyzer-core.*,bugprone-macro-parentheses)

@@ -45,34 +45,52 @@ enum class Operation : std::uint8_t {
 class LinkedProgram {
  public:
   /// Computes the one value left, whatever it is, NaN and infinities included.
-  double run() const;
+  /// The program was made by Program::link().
+  double run();
 
  private:
   friend class Program;
 
-  // Where an instruction finds two operands: the right one is in the
-  // accumulator unless the form says otherwise.
+  // Where an instruction finds its operands. A value that is computed while
+  // the accumulator holds another pushes that one.
   enum class Form : std::uint8_t {
-    onStack,        // left: popped from the stack
+    onStack,        // right: in the accumulator, left: popped
     rightInMemory,  // left: in the accumulator
-    leftInMemory,
+    leftInMemory,   // right: in the accumulator
+    inMemory,       // both; pushes the accumulator
   };
 
-  struct Instruction {
-    std::uint8_t code;  // of operation and form
-    bool loads;         // first pushes the accumulator and loads it
-    const double* loaded;
-    const double* operand;  // in memory
+  // The sums with a product of two operands in memory spare the product its
+  // way over the stack.
+  enum class Code : std::uint8_t {
+    end,
+    load,
+    call,  // a function of one operand
+    square,
+    add,
+    subtract,
+    multiply,
+    divide,
+    power,
+    addProduct,
+    subtractProduct,
   };
 
-  static constexpr std::uint8_t codeOf(Operation operation, Form form) {
-    return static_cast<std::uint8_t>(static_cast<int>(form) * 32 + static_cast<int>(operation));
+  static constexpr int codeOf(Code code, Form form) {
+    return static_cast<int>(code) * 4 + static_cast<int>(form);
   }
 
-  double runOnStack(double* stack) const;
+  struct Instruction {
+    int code;  // and form
+    const double* left;
+    union {
+      const double* right;
+      double (*function)(double);
+    };
+  };
 
   std::vector<Instruction> code;
-  std::size_t maxDepth = 0;
+  std::vector<double> stack;
 };
 
 /// A postfix sequence compiled for that machine. Constants and variables are
@@ -131,12 +149,15 @@ class Program {
  private:
   using Form = LinkedProgram::Form;
 
+  using Code = LinkedProgram::Code;
+
   // As in the linked program, with the numbers of the operands.
   struct Instruction {
-    std::uint8_t code;
-    bool loads;
-    std::uint32_t loaded;
-    std::uint32_t operand;
+    Code code;
+    Form form;
+    Operation function = Operation::identity;
+    std::uint32_t left = 0;
+    std::uint32_t right = 0;
   };
 
   // A value during compilation: still in memory, or computed by then.
@@ -147,6 +168,7 @@ class Program {
 
   void applyToOne(Operation operation);
   void applyToTwo(Operation operation);
+  void applyToComputed(Code operation);
   void append(Instruction instruction);
   bool isConstantTwo(const Value& value) const;
 

@@ -38,63 +38,28 @@ constexpr auto makeBinades() {
     const bool below = binade.e >= kSmallestExponent;
     const bool above = binade.e + 1 >= kSmallestExponent;
     if (!above || exponent == 2047) continue;
-    binade.border = powerOfTen(binade.e + 1).nearest;
-    if (below) binade.decades[0] = decadeOf(binade.e);
-    if (binade.e + 1 < kLargestPower) binade.decades[1] = decadeOf(binade.e + 1);
+    binade.border = std::bit_cast<std::uint64_t>(powerOfTen(binade.e + 1).nearest);
+    if (below) binade.decades[1] = decadeOf(binade.e);
+    if (binade.e + 1 < kLargestPower) binade.decades[0] = decadeOf(binade.e + 1);
   }
   return binades;
 }
 
-enum class Side { below, above, unknown };
-
-Side sideOf(Uint128 x, Uint128 tie, bool floorIsOdd) {
-  if (x == tie) return floorIsOdd ? Side::above : Side::below;
-  return x > tie ? Side::above : Side::below;
-}
-
-constexpr auto kPowersOfFive = [] {
-  std::array<std::uint64_t, 23> powers{1};
-  for (std::size_t i = 1; i < powers.size(); ++i)
-    powers[i] = powers[i - 1] * 5;
-  return powers;
-}();
-
-// Where x lies against (floor + 1/2)·10^power, with -9 <= power <= 22.
-Side compareAsIntegers(double x, std::uint32_t floor, int power) {
-  const auto bits = std::bit_cast<std::uint64_t>(x);
-  Uint128 left = (bits & ((std::uint64_t{1} << 52) - 1)) | (std::uint64_t{1} << 52);
-  Uint128 right = 2 * std::uint64_t{floor} + 1;
-  const int exponent = static_cast<int>(bits >> 52) - 1075;
-  // left·2^shift against right, after the factors 5 have gone to their side.
-  const int shift = exponent + 1 - power;
-  (power < 0 ? left : right) *= kPowersOfFive.data()[std::abs(power)];
-  if (shift >= 0) {
-    left <<= shift;
-  } else {
-    right <<= -shift;
-  }
-  return sideOf(left, right, floor % 2 != 0);
-}
-
-Side compareAsSums(double x, std::uint32_t floor, int power) {
-  const PowerOfTen& ten = powerOfTen(power);
-  const double c = floor + 0.5;
-  const double difference = (x - c * ten.high) - c * ten.low;
-  if (std::abs(difference) < x * 0x1p-80) return Side::unknown;
-  return difference > 0 ? Side::above : Side::below;
-}
+// The powers of ten at which exact ties occur.
+constexpr int kSmallestTie = -9;
+constexpr int kLargestTie = 22;
 
 // The magnitude of m for digits that are not certain; -1 where text has to
 // tell.
-double decideNearTie(double x, const Digits& digits) {
-  if (!std::isfinite(digits.m)) return -1;
+double decideNearTie(double x, double s, int e, const Decade& decade) {
+  if (std::isnan(s)) return -1;
   x = std::abs(x);
-  const int power = digits.e() - 5;
-  const auto floor = static_cast<std::uint32_t>(std::abs(digits.s));
-  const Side side = power >= -9 && power <= 22 ? compareAsIntegers(x, floor, power)
-                                               : compareAsSums(x, floor, power);
-  if (side == Side::unknown) return -1;
-  return floor + (side == Side::above ? 1.0 : 0.0);
+  const auto floor = static_cast<std::uint32_t>(std::abs(s));
+  const double c = floor + 0.5;
+  const double distance = (x - c * decade.high) - c * decade.low;
+  if (std::abs(distance) >= x * 0x1p-80) return floor + (distance > 0 ? 1.0 : 0.0);
+  const int power = e - 5;
+  return power >= kSmallestTie && power <= kLargestTie ? floor + (floor & 1) : -1;
 }
 
 char* writeAsText(char* out, double x) {
@@ -117,7 +82,7 @@ char* writeSixDigits(char* out, double x) {
   const Digits digits = six_digits::split(x);
   double m = std::abs(digits.m);
   if (!digits.areCertain()) [[unlikely]] {
-    m = decideNearTie(x, digits);
+    m = decideNearTie(x, digits.s, digits.e(), digits.decade);
     if (m < 0) return writeAsText(out, x);
   }
   const bool carried = m == 1000000;
@@ -147,10 +112,11 @@ char* writeSixDigits(char* out, double x) {
   return withExponent ? writeExponent(out, e) : out;
 }
 
-double six_digits::roundUncertain(double x, const Digits& digits) {
+double six_digits::roundUncertain(double x, double s, int e, const Decade& decade) {
+  const double m = decideNearTie(x, s, e, decade);
+  if (m >= 0) [[likely]]
+    return std::copysign(m * decade.high + m * decade.low, x);
   if (x == 0 || !std::isfinite(x)) return x;
-  const double m = decideNearTie(x, digits);
-  if (m >= 0) return std::copysign(m * digits.decade().high + m * digits.decade().low, x);
   char text[kSixDigitsLength];
   double rounded = 0;
   std::from_chars(text, writeAsText(text, x), rounded);

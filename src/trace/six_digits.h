@@ -34,14 +34,16 @@ char* writeSixDigits(char* out, double x);
 // Which m? s = x·10^(5-e) is below 2^20. Its rounding error and that of the
 // power are at most 2^-33 each, so that s is off by at most 2^-32: unless s is
 // within 2^-31 of a half, the integer nearest to it is the one nearest to the
-// true value. Near a half, where |x| almost equals c·10^(e-5), c = |m| + 1/2:
-//   - exact ties need c·10^(e-5) to be a double, hence 5^(e-5) below 2^53 or
-//     5^(5-e) dividing 2c < 2^21, hence -9 <= e-5 <= 22. There both sides are
-//     compared as integers of at most 128 bits, ties to even.
-//   - elsewhere the sign of (|x| - c·H) - c·L decides, where H + L = 10^(e-5)
-//     and H has 32 bits: c·H is exact, |x| - c·H is exact (Sterbenz), and c·L
-//     is off by less than 2^-84·|x|. A difference smaller than 2^-80·|x|, if
-//     there is any, is left to text.
+// true value. Near a half, where |x| almost equals c·10^(e-5), c = |m| + 1/2,
+// the sign of (|x| - c·H) - c·L decides, where H + L = 10^(e-5) and H has 32
+// bits: c·H is exact, |x| - c·H is exact (Sterbenz), and c·L is off by less than
+// 2^-84·|x|. A difference smaller than 2^-80·|x| is an exact tie where such can
+// be: c·10^(e-5) is a double only for 5^(e-5) below 2^53 or 5^(5-e) dividing
+// 2c < 2^21, hence -9 <= e-5 <= 22. There it cannot be anything else. From 0 on
+// L has at most 21 bits, and the difference itself is exact. Below, k = 5-e, the
+// difference between |x|·10^k and c is a multiple of 2^-57: |x| = M·2^q, M < 2^53,
+// and M·5^k·2^(q+k) is about c > 2^16. So it is 0 or more than 2^-77·c. Elsewhere
+// text has to tell.
 //
 // Which double is nearest to m·10^(e-5)? m·H + m·L: m·H is exact, m·L has a
 // relative error of 2^-53 and is 2^-32 of the sum, so that the sum is rounded
@@ -62,9 +64,10 @@ struct Decade {
 };
 
 struct alignas(64) Binade {
-  double border;      // the power of ten that the binade contains, or one above it
-  Decade decades[2];  // below the border, and from it on
-  int e;              // below the border
+  std::uint64_t border;  // the bits of the power of ten that the binade
+                         // contains, or of one above it
+  Decade decades[2];     // from the border on, and below it
+  int e;                 // below the border
 };
 
 extern const std::array<Binade, 2048> kBinades;
@@ -73,24 +76,26 @@ struct Digits {
   double s;
   double m;
   const Binade& binade;
-  bool aboveBorder;
+  const Decade& decade;  // one of the binade's
 
   bool areCertain() const { return std::abs(s - m) <= 0.5 - 0x1p-31; }
-  const Decade& decade() const { return binade.decades[aboveBorder ? 1 : 0]; }
-  int e() const { return binade.e + (aboveBorder ? 1 : 0); }
+  int e() const { return binade.e + (&decade == binade.decades ? 1 : 0); }
 };
 
 inline Digits split(double x) {
-  const double magnitude = std::abs(x);
-  const Binade& binade = kBinades.data()[std::bit_cast<std::uint64_t>(magnitude) >> 52];
-  const bool above = magnitude >= binade.border;
-  const double s = x * binade.decades[above ? 1 : 0].scale;
+  const auto magnitude = std::bit_cast<std::uint64_t>(x) & ~(std::uint64_t{1} << 63);
+  const Binade& binade = kBinades.data()[magnitude >> 52];
+  // The bits of positive doubles compare as the doubles do; no branch depends
+  // on the values.
+  const Decade& decade = *(binade.decades + ((magnitude - binade.border) >> 63));
+  const double s = x * decade.scale;
   // Adding 1.5·2^52 rounds a small double to an integer.
-  return {s, (s + 0x1.8p52) - 0x1.8p52, binade, above};
+  return {s, (s + 0x1.8p52) - 0x1.8p52, binade, decade};
 }
 
-// roundToSixDigits() for an x whose digits are not certain.
-[[gnu::cold]] double roundUncertain(double x, const Digits& digits);
+// roundToSixDigits() for an x whose digits are not certain. Scalars go there in
+// registers; the certain ones pay nothing for it.
+double roundUncertain(double x, double s, int e, const Decade& decade);
 
 }  // namespace six_digits
 
@@ -100,9 +105,8 @@ inline Digits split(double x) {
 inline double roundToSixDigits(double x) {
   const six_digits::Digits digits = six_digits::split(x);
   if (!digits.areCertain()) [[unlikely]]
-    return six_digits::roundUncertain(x, digits);
-  const six_digits::Decade& ten = digits.decade();
-  return digits.m * ten.high + digits.m * ten.low;
+    return six_digits::roundUncertain(x, digits.s, digits.e(), digits.decade);
+  return digits.m * digits.decade.high + digits.m * digits.decade.low;
 }
 
 #endif
