@@ -54,11 +54,11 @@ QSize roomFor(const QWidget& widget) {
   return widget.size();
 }
 
-// The extent, in points of the screen, of what the label draws when it has this size.
-QSize inkSize(QLabel& label, const QSize& size) {
-  label.resize(size);
-  QImage image(size * label.devicePixelRatioF(), QImage::Format_Grayscale8);
-  image.setDevicePixelRatio(label.devicePixelRatioF());
+// What the label draws, in its coordinates.
+QRect inkOf(QLabel& label) {
+  const qreal ratio = label.devicePixelRatioF();
+  QImage image(label.size() * ratio, QImage::Format_Grayscale8);
+  image.setDevicePixelRatio(ratio);
   image.fill(Qt::white);
   label.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
   const auto isInk = [](uchar grey) { return grey != 255; };
@@ -74,19 +74,25 @@ QSize inkSize(QLabel& label, const QSize& size) {
     ink |= QRect(QPoint(static_cast<int>(first - begin), y),
                  QPoint(static_cast<int>(last - begin), y));
   }
-  return ink.size();
+  return ink;
 }
 
 // Rich text is laid out in ways of its own; it is drawn to see.
 int lostOfRichText(const ShownText& shown) {
+  const QSize room = roomFor(*shown.widget);
   QLabel label(shown.text, shown.widget->window());
   label.setFont(shown.widget->font());
+  const QSize whole = label.sizeHint();
+  if (whole.boundedTo(room) == whole) return 0;
   QPalette blackOnWhite(Qt::white);
   blackOnWhite.setColor(QPalette::WindowText, Qt::black);
   label.setPalette(blackOnWhite);
-  const QSize room = roomFor(*shown.widget);
-  const QSize lost = inkSize(label, label.sizeHint().expandedTo(room)) - inkSize(label, room);
-  return lost.width() + lost.height();
+  label.resize(whole.expandedTo(room));
+  // What is larger than its label begins in its upper left corner.
+  const QRect ink = inkOf(label);
+  const QSize seen = room * label.devicePixelRatioF();
+  return std::max(ink.right() + 1 - seen.width(), 0) +
+         std::max(ink.bottom() + 1 - seen.height(), 0);
 }
 
 // Down, the letters count and not the line: line heights promise more room
@@ -94,10 +100,12 @@ int lostOfRichText(const ShownText& shown) {
 int lostOfPlainText(const ShownText& shown) {
   const QSize room = roomFor(*shown.widget);
   const QFontMetrics metrics(shown.widget->font());
+  const int lostAcross = std::max(metrics.horizontalAdvance(shown.text) - room.width(), 0);
+  // The extent of letters takes long to find.
+  if (metrics.height() <= room.height()) return lostAcross;
   const QRect ink = metrics.tightBoundingRect(shown.text);
   const int baseline = (room.height() - metrics.height()) / 2 + metrics.ascent();
-  return std::max(metrics.horizontalAdvance(shown.text) - room.width(), 0) +
-         std::max(-(baseline + ink.top()), 0) +
+  return lostAcross + std::max(-(baseline + ink.top()), 0) +
          std::max(baseline + ink.bottom() + 1 - room.height(), 0);
 }
 
