@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+// The eigenvalues of the symmetrical matrix
+//
+//    2 -1  0
+//   -1  2 -1
+//    0 -1  2
+//
+// which are 2 - √2, 2 and 2 + √2, by the Jacobi method and by QR iterations.
+// The iterations go to the standard error stream.
+
+#include <complex>
+#include <iostream>
+#include <vector>
+
+#include "matrix/matrix.h"
+
+int main() {
+  Matrix A(3);
+  for (int i = 0; i < 3; ++i) {
+    for (int j = 0; j < 3; ++j)
+      A[i][static_cast<std::size_t>(j)] = i == j ? 2 : (i - j == 1 || j - i == 1) ? -1 : 0;
+  }
+
+  int rotations = 0;
+  std::vector<double> eigenvalues;
+  Matrix eigenvectors;
+  getEigenvaluesWithJacobi(A, 1e-5, eigenvalues, eigenvectors, rotations);
+  std::cout << "Jacobi, " << rotations << " rotations:\n";
+  for (int i = 0; i < 3; ++i) {
+    const auto column = static_cast<std::size_t>(i);
+    std::cout << eigenvalues[column] << ", vector (" << eigenvectors[0][column] << ", "
+              << eigenvectors[1][column] << ", " << eigenvectors[2][column] << ")\n";
+  }
+
+  int iterations = 0;
+  std::vector<std::complex<double>> roots;
+  getEigenvaluesWithQR(A, 1e-5, roots, iterations);
+  std::cout << "QR, " << iterations << " iterations:\n";
+  for (const std::complex<double>& root : roots)
+    std::cout << root.real() << (root.imag() < 0 ? " - " : " + ") << std::abs(root.imag()) << "i\n";
+}
