@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+/// @file
+/// What the expression engine throws.
+
 #ifndef NORDIKA_EXPRESSION_ERRORS_H
 #define NORDIKA_EXPRESSION_ERRORS_H
 
@@ -16,6 +19,7 @@ class ExpressionBadResult {};
 /// A variable has no value at evaluation.
 class ExpressionUnknownVariable {
  public:
+  /// The fault of the variable of that name.
   explicit ExpressionUnknownVariable(const std::string& variable) : name(variable) {}
 
   /// The variable's name.

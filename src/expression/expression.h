@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+/// @file
+/// Text compiled into an expression, and its evaluation.
+
 #ifndef NORDIKA_EXPRESSION_EXPRESSION_H
 #define NORDIKA_EXPRESSION_EXPRESSION_H
 
@@ -42,10 +45,13 @@ class Expression {
   /// The printable names of the types, by value.
   static const std::string token_t_list[8];
 
-  /// A token: its characters as they stand in the text (a number's are
-  /// rendered anew with six significant digits) and its token_t.
+  /// A name, a number, an operator or a parenthesis of the text.
   struct token {
+    /// Its characters as they stand there; a number's are rendered anew with
+    /// six significant digits.
     std::string text;
+
+    /// Its token_t.
     std::int32_t type = undefined;
   };
 
@@ -104,9 +110,11 @@ class Expression {
   void convert_expression(std::vector<token>& tokens, std::vector<token>& out) const;
 
   /// Evaluates a postfix sequence with the values in `variables`. Only the
-  /// last value is checked: infinities and NaN may occur on the way.
-  /// @throws ExpressionUnknownVariable, ExpressionWrongFormat for the first
-  ///   fault in the order of the sequence
+  /// last value is checked: infinities and NaN may occur on the way. Of several
+  /// faults the first one in the order of the sequence is thrown.
+  /// @throws ExpressionUnknownVariable for a variable without a value
+  /// @throws ExpressionWrongFormat for an unknown operator or function and for
+  ///   a sequence that does not leave one value
   /// @throws ExpressionBadResult for a value that is NaN or infinite
   double calculate(const std::vector<token>& sequence) const;
 
@@ -132,16 +140,14 @@ class Expression {
   TokenSequence<token> postfix;  ///< the compiled text
 
  protected:
-  /// Binds x1 .. xn to n values and evaluates: what eval() does with the text
-  /// "x1 = ... xn = ", without the text. The values are finite and have six
-  /// significant digits.
-  /// @throws what eval() throws
+  /// Binds x1, x2, ... to n values and evaluates: what eval() does with the
+  /// text "x1 = ... x2 = ...", without the text. The values are finite and have
+  /// six significant digits. Throws what calculate() throws.
   double evaluateAt(const double* rounded, std::size_t n);
 
   /// The same at n values that may be anything and are rounded to six
-  /// significant digits on the way.
-  /// @throws ExpressionBadResult before any is bound, if one is NaN or
-  ///   infinite; what eval() throws
+  /// significant digits on the way. Throws what calculate() throws.
+  /// @throws ExpressionBadResult before any is bound, if one is NaN or infinite
   double evaluateRounding(const double* x, std::size_t n);
 
  private:

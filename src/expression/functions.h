@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+/// @file
+/// Functions of several variables given as text.
+
 #ifndef NORDIKA_EXPRESSION_FUNCTIONS_H
 #define NORDIKA_EXPRESSION_FUNCTIONS_H
 
@@ -16,7 +19,9 @@ class RoundedPoint {
   /// Rounds each element of x, of length n, to six significant digits.
   /// @throws ExpressionBadResult for an element that is NaN or infinite
   explicit RoundedPoint(const std::vector<double>& x);
+  /// Not to be copied: data() points into the object.
   RoundedPoint(const RoundedPoint&) = delete;
+  /// @copydoc RoundedPoint(const RoundedPoint&)
   RoundedPoint& operator=(const RoundedPoint&) = delete;
 
   /// The rounded elements.
@@ -54,8 +59,8 @@ class Function : public Expression {
   ///   leads the text or a parenthesis
   double operator()(const std::vector<double>& x);
 
-  /// The same at a point that several functions share.
-  /// @throws what operator()() throws, the arguments excepted
+  /// The same at a point that several functions share. Throws what operator()()
+  /// throws, but for the arguments.
   double at(const RoundedPoint& x) { return evaluateAt(x.data(), x.size()); }
 };
 

@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+/// @file
+/// A set of names.
+
 #ifndef NORDIKA_EXPRESSION_NAME_SET_H
 #define NORDIKA_EXPRESSION_NAME_SET_H
 
@@ -13,6 +16,7 @@
 /// of them and is copied often, which node-based sets make expensive.
 class NameSet {
  public:
+  /// A place among the names, which stand in ascending order.
   using const_iterator = std::vector<std::string>::const_iterator;
 
   /// Adds a name; a name already present changes nothing.

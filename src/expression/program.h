@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+/// @file
+/// The compiled form of an expression and the machine that runs it.
+
 #ifndef NORDIKA_EXPRESSION_PROGRAM_H
 #define NORDIKA_EXPRESSION_PROGRAM_H
 
@@ -11,33 +14,33 @@
 
 /// What an instruction of a Program computes.
 enum class Operation : std::uint8_t {
-  fail,
+  fail,  ///< throw ExpressionWrongFormat
   // of one operand
-  identity,
-  negate,
-  sine,
-  cosine,
-  tangent,
-  cotangent,
-  arcsine,
-  arccosine,
-  arctangent,
-  arccotangent,
-  exponential,
-  naturalLogarithm,
-  decimalLogarithm,
-  binaryLogarithm,
-  absolute,
-  squareRoot,
-  hyperbolicSine,
-  hyperbolicCosine,
-  square,
+  identity,          ///< x
+  negate,            ///< -x
+  sine,              ///< sin x, x in radians as in all angles
+  cosine,            ///< cos x
+  tangent,           ///< tan x
+  cotangent,         ///< 1 / tan x
+  arcsine,           ///< arcsin x, NaN outside [-1, 1]
+  arccosine,         ///< arccos x, NaN outside [-1, 1]
+  arctangent,        ///< arctan x
+  arccotangent,      ///< π/2 - arctan x
+  exponential,       ///< e to the power x
+  naturalLogarithm,  ///< ln x, NaN for x < 0
+  decimalLogarithm,  ///< lg x, NaN for x < 0
+  binaryLogarithm,   ///< ln x / ln 2, NaN for x < 0
+  absolute,          ///< |x|
+  squareRoot,        ///< the root of x, NaN for x < 0
+  hyperbolicSine,    ///< sinh x
+  hyperbolicCosine,  ///< cosh x
+  square,            ///< x to the power 2
   // of two operands
-  add,
-  subtract,
-  multiply,
-  divide,
-  power,
+  add,       ///< x + y
+  subtract,  ///< x - y
+  multiply,  ///< x·y
+  divide,    ///< x / y, infinite or NaN for y = 0
+  power,     ///< x to the power y, as the C library's pow() has it
 };
 
 /// A program whose operands have their places in memory: instructions for a
@@ -93,7 +96,7 @@ class LinkedProgram {
   std::vector<double> stack;
 };
 
-/// A postfix sequence compiled for that machine. Constants and variables are
+/// A postfix sequence compiled for the machine of LinkedProgram. Constants and variables are
 /// places in memory; an operand that lies there is read where it is used, so
 /// that a program is little longer than its sequence has operators. The depth
 /// of the stack is known before the program runs: nothing is looked up or
@@ -106,9 +109,9 @@ class Program {
  public:
   /// A place in memory that instructions read: a constant or a variable.
   struct Operand {
-    bool isVariable;
-    double constant;
-    std::string name;
+    bool isVariable;   ///< which of the two it is
+    double constant;   ///< the value of a constant
+    std::string name;  ///< the name of a variable
   };
 
   /// Appends: push a number.

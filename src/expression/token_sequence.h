@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+/// @file
+/// A sequence of tokens to be read only.
+
 #ifndef NORDIKA_EXPRESSION_TOKEN_SEQUENCE_H
 #define NORDIKA_EXPRESSION_TOKEN_SEQUENCE_H
 
@@ -13,7 +16,10 @@
 template <typename Token>
 class TokenSequence {
  public:
+  /// The empty sequence.
   TokenSequence() = default;
+
+  /// The sequence of these tokens.
   explicit TokenSequence(std::vector<Token> sequence) : tokens(std::move(sequence)) {}
 
   /// The tokens.

@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+/// @file
+/// A map from names to values.
+
 #ifndef NORDIKA_EXPRESSION_VALUE_MAP_H
 #define NORDIKA_EXPRESSION_VALUE_MAP_H
 
@@ -15,24 +18,38 @@
 /// pointer to a value is good until generation() changes.
 class ValueMap {
  public:
+  /// What holds the values; names of any string type are looked up as they are.
   using Map = std::map<std::string, double, std::less<>>;
+  /// A place in the map: a name and its value.
   using const_iterator = Map::const_iterator;
+  /// The same, where the value may be changed.
   using iterator = Map::iterator;
 
+  /// The empty map.
   ValueMap() = default;
+
+  /// A copy with elements, and a generation(), of its own.
   ValueMap(const ValueMap& other) : values(other.values) {}
+
+  /// Takes the elements over, which stay where they are; the generation() of
+  /// `other` changes.
   ValueMap(ValueMap&& other) noexcept : values(std::move(other.values)) { ++other.removals; }
+
+  /// Replaces all elements by copies; generation() changes.
   ValueMap& operator=(const ValueMap& other) {
     values = other.values;
     ++removals;
     return *this;
   }
+
+  /// Replaces all elements by those of `other`; generation() of both changes.
   ValueMap& operator=(ValueMap&& other) noexcept {
     values = std::move(other.values);
     ++removals;
     ++other.removals;
     return *this;
   }
+
   ~ValueMap() = default;
 
   /// The value of a name, which is added with the value 0 if it is absent.

@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+/// @file
+/// Square matrices, vectors and the methods of linear algebra.
+
 #ifndef NORDIKA_MATRIX_MATRIX_H
 #define NORDIKA_MATRIX_MATRIX_H
 
@@ -57,14 +60,14 @@ class Matrix {
   /// The number n of rows and of columns.
   int dimension() const { return static_cast<int>(rows.size()); }
 
-  /// The product with a column vector of length n; every sum runs over j in order.
+  /// The product with a column vector of length n, its sums in index order.
   /// @throws MatrixWrongDimensions for a vector of another length
   std::vector<double> operator*(const std::vector<double>& v) const;
 
   /// Every element multiplied by s.
   Matrix operator*(const double& s) const;
 
-  /// The matrix product; the sum of every element runs over k = 0 .. n-1 in order.
+  /// The matrix product, its sums in index order.
   /// @throws MatrixWrongDimensions for a matrix of another dimension
   Matrix operator*(const Matrix& b) const;
 
@@ -151,8 +154,8 @@ double round(double x, int digits);
 int sign(const double& x);
 
 /// Factorises A (n × n) as P·A = L·U by Gaussian elimination with partial
-/// pivoting (G. H. Golub, C. F. Van Loan, Matrix Computations, 4th ed.,
-/// section 3.4). Of equal candidates the upper row is the pivot.
+/// pivoting (Golub, Van Loan, Matrix Computations, 4th ed., section 3.4). Of
+/// equal candidates the upper row is the pivot.
 ///
 /// The outputs are replaced whatever they held. L is unit lower triangular, U
 /// upper triangular up to the rounding residues of the eliminated elements,
@@ -190,9 +193,9 @@ double calcDeterminantWithLUP(const Matrix& A);
 Matrix calcInverseMatrixWithLUP(const Matrix& A);
 
 /// Solves A·x = d for a tridiagonal A (n × n) and d of length n by elimination
-/// without pivoting (W. H. Press et al., Numerical Recipes, 3rd ed., section
-/// 2.4), and writes the coefficients of x[i] = P[i]·x[i+1] + Q[i] and the
-/// solution to the standard error stream.
+/// without pivoting (Press et al., Numerical Recipes, 3rd ed., section 2.4), and
+/// writes the coefficients of x[i] = P[i]·x[i+1] + Q[i] and the solution to the
+/// standard error stream.
 ///
 /// A dominant diagonal keeps the sweep stable. A zero denominator is not looked
 /// for: the infinity or NaN that it makes flows into the solution.
@@ -222,9 +225,10 @@ std::vector<double> solveTridiagonalMatrixAlgo(const Matrix& A, const std::vecto
 std::vector<double> solveSimpleIterations(const Matrix& A, const std::vector<double>& b,
                                           const double& eps, int& iters);
 
-/// As solveSimpleIterations(), but by the method of Seidel: a component that an
-/// iteration has renewed serves the rows after it. The factor of the estimate
-/// is |C| / (1 - q), C the upper triangle of B, or 1 for q >= 1.
+/// As solveSimpleIterations(), the writing included, but by the method of Seidel
+/// (Golub, Van Loan, section 11.2): a component that an iteration has renewed
+/// serves the rows after it. The factor of the estimate is |C| / (1 - q), C the
+/// upper triangle of B, or 1 for q >= 1.
 /// @param iters the number of iterations done, written on success alone
 /// @return x, of length n
 /// @throws MatrixWrongDimensions for a vector of another length, before

@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+/// @file
+/// Systems of nonlinear equations and the two methods that solve them.
+
 #ifndef NORDIKA_SOLVER_SOLVER_H
 #define NORDIKA_SOLVER_SOLVER_H
 
@@ -14,9 +17,10 @@
 /// is given.
 class SimpleItersProblem {
  public:
-  /// The problem of size 0; q has no value until one is assigned.
+  /// The problem of size 0; q is 0.
   SimpleItersProblem() = default;
 
+  /// The problem of n equations.
   /// @param mapping the n functions φi
   /// @param initial the initial approximation, of length n
   /// @param contraction the constant q
@@ -29,7 +33,7 @@ class SimpleItersProblem {
   double calcPhi(int ind, const std::vector<double>& x);
 
   /// All of φ at x, in the order of the indices, into `values`, of length n.
-  /// @throws what the Functions throw; the values before it are written
+  /// What a Function throws passes through; the values before it are written.
   void calcAllPhi(const std::vector<double>& x, std::vector<double>& values);
 
   /// The initial approximation, of length n.
@@ -54,6 +58,7 @@ class NewtonProblem {
   /// The problem of size 0.
   NewtonProblem() = default;
 
+  /// The problem of n equations.
   /// @param functions the n functions fi
   /// @param initial the initial approximation, of length n
   /// @param derivatives n rows of n functions, ∂fi/∂xj in row i, column j
@@ -72,8 +77,8 @@ class NewtonProblem {
   double calcJacobi(int i, int j, const std::vector<double>& x);
 
   /// All of -f at x into `negative`, of length n, then the Jacobi matrix, row
-  /// by row, into J, n × n.
-  /// @throws what the Functions throw; the values before it are written
+  /// by row, into J, n × n. What a Function throws passes through; the values
+  /// before it are written.
   /// @throws MatrixWrongDimensions where a row is too short
   void calcAll(const std::vector<double>& x, std::vector<double>& negative, Matrix& J);
 
@@ -97,32 +102,39 @@ double vnorm(const std::vector<double>& v);
 /// Solves x = φ(x) by the method of simple iterations: x⁽ᵏ⁾ = φ(x⁽ᵏ⁻¹⁾), all
 /// components from the previous approximation. Stops at the first k with
 /// eps > q / (1 - q) · ‖x⁽ᵏ⁾ - x⁽ᵏ⁻¹⁾‖₂, the a-posteriori bound of the
-/// contraction mapping theorem (J. Stoer, R. Bulirsch, Introduction to
-/// Numerical Analysis, section 5.2). Every iteration is written to the
-/// standard error stream.
+/// contraction mapping theorem (Stoer, Bulirsch, Introduction to Numerical
+/// Analysis, section 5.2).
+///
+/// Every iteration is written to the standard error stream. Where a function
+/// throws, the trace ends with the first line of that iteration.
 /// @param iters receives k on success; left alone when an exception is thrown
 /// @return the last approximation, of length n
 /// @throws MaxItersCountAchieved when iteration 100000 misses the accuracy,
 ///   after its trace; also for NaN estimates, which never meet it
-/// @throws ExpressionBadResult, ExpressionUnknownVariable,
-///   ExpressionWrongFormat from the functions; the trace then ends with the
-///   first line of the failing iteration
+/// @throws ExpressionBadResult for an approximation or a value of a function
+///   that is NaN or infinite
+/// @throws ExpressionUnknownVariable for a variable that never got a value
+/// @throws ExpressionWrongFormat as Function::operator()() does
 std::vector<double> solve_nonlinear_system_simple_iters(SimpleItersProblem& problem,
                                                         const double& eps, int& iters);
 
 /// Solves f(x) = 0 by Newton's method: J(x⁽ᵏ⁻¹⁾)·Δ = -f(x⁽ᵏ⁻¹⁾),
-/// x⁽ᵏ⁾ = x⁽ᵏ⁻¹⁾ + Δ (J. Stoer, R. Bulirsch, Introduction to Numerical
-/// Analysis, section 5.1), with the traced LUP solver for each step. Stops at
-/// the first k with eps > ‖Δ‖₂. Every iteration is written to the standard
-/// error stream.
+/// x⁽ᵏ⁾ = x⁽ᵏ⁻¹⁾ + Δ (Stoer, Bulirsch, Introduction to Numerical Analysis,
+/// section 5.1), with the traced LUP solver for each step. Stops at the first k
+/// with eps > ‖Δ‖₂.
+///
+/// Every iteration is written to the standard error stream. Where a function
+/// throws, the trace ends with the first line of that iteration.
 /// @param iters receives k on success; left alone when an exception is thrown
 /// @return the last approximation, of length n
 /// @throws MatrixIsSingular where the Jacobi matrix has no usable pivot
 /// @throws MaxItersCountAchieved when iteration 100000 misses the accuracy,
 ///   after its trace
-/// @throws ExpressionBadResult, ExpressionUnknownVariable,
-///   ExpressionWrongFormat from the functions; the trace then ends with the
-///   first line of the failing iteration
+/// @throws ExpressionBadResult for an approximation or a value of a function
+///   that is NaN or infinite
+/// @throws ExpressionUnknownVariable for a variable that never got a value
+/// @throws ExpressionWrongFormat as Function::operator()() does
+/// @throws MatrixWrongDimensions where a row of the Jacobi matrix is too short
 std::vector<double> solve_nonlinear_system_newton(NewtonProblem& problem, const double& eps,
                                                   int& iters);
 

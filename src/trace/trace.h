@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+/// @file
+/// The writer of the trace.
+
 #ifndef NORDIKA_TRACE_TRACE_H
 #define NORDIKA_TRACE_TRACE_H
 
@@ -20,9 +23,13 @@
 /// exception carries control away.
 class Trace {
  public:
+  /// A writer that holds nothing yet.
   Trace();
+  /// Not to be copied: a line is written once.
   Trace(const Trace&) = delete;
+  /// @copydoc Trace(const Trace&)
   Trace& operator=(const Trace&) = delete;
+  /// Hands over what it still holds, as flush() does.
   ~Trace() { flush(); }
 
   /// Appends the text as it stands.
