@@ -87,7 +87,8 @@ class Expression {
   /// @throws ExpressionWrongFormat for an ill-formed name or number
   void split(const std::string& text, std::vector<token>& out);
 
-  /// Reads groups "name = value", separated by blanks, and stores the values.
+  /// Reads groups "name = value", whose three words are separated by blanks, as
+  /// the groups are, and stores the values.
   /// @throws ExpressionWrongFormat for anything else; the groups before the
   ///   fault stay stored
   void set_variables(const std::string& assignments);

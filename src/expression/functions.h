@@ -44,7 +44,8 @@ class Function : public Expression {
   /// @throws ExpressionWrongFormat for malformed text
   explicit Function(const std::string& expr);
 
-  /// Compiles the text and binds the parameters, "a = 0.5 b = 2".
+  /// Compiles the text and binds the parameters, "a = 0.5 b = 2", with blanks
+  /// around each "=".
   /// @throws ExpressionWrongFormat for a malformed text of either kind
   Function(const std::string& expr, const std::string& parameters);
 
