@@ -54,7 +54,7 @@ QSize roomFor(const QWidget& widget) {
   return widget.size();
 }
 
-// What the label draws, in its coordinates.
+// Where the label draws anything, in pixels of the screen.
 QRect inkOf(QLabel& label) {
   const qreal ratio = label.devicePixelRatioF();
   QImage image(label.size() * ratio, QImage::Format_Grayscale8);
@@ -100,12 +100,10 @@ int lostOfRichText(const ShownText& shown) {
 int lostOfPlainText(const ShownText& shown) {
   const QSize room = roomFor(*shown.widget);
   const QFontMetrics metrics(shown.widget->font());
-  const int lostAcross = std::max(metrics.horizontalAdvance(shown.text) - room.width(), 0);
-  // The extent of letters takes long to find.
-  if (metrics.height() <= room.height()) return lostAcross;
   const QRect ink = metrics.tightBoundingRect(shown.text);
   const int baseline = (room.height() - metrics.height()) / 2 + metrics.ascent();
-  return lostAcross + std::max(-(baseline + ink.top()), 0) +
+  return std::max(metrics.horizontalAdvance(shown.text) - room.width(), 0) +
+         std::max(-(baseline + ink.top()), 0) +
          std::max(baseline + ink.bottom() + 1 - room.height(), 0);
 }
 

@@ -135,9 +135,11 @@ void Expression::linkProgram() {
   // A variable may get its value at any later time, so that a missing one is
   // looked for at every call.
   std::vector<const double*> places;
-  locate(program, variables, places, binding.complete);
-  if (!binding.complete) program.throwFirstFault(places.data());
+  bool complete = false;
+  locate(program, variables, places, complete);
+  if (!complete) program.throwFirstFault(places.data());
   binding.linked = program.link(places.data());
+  binding.complete = true;
 }
 
 inline double Expression::evaluateBound() {

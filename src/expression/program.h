@@ -107,6 +107,17 @@ class LinkedProgram {
 /// fault that evaluation would meet first is known without computing anything.
 class Program {
  public:
+  Program() = default;
+  Program(const Program&) = default;
+  Program(Program&&) = default;
+  Program& operator=(Program&&) = default;
+  /// Copies all of the other program or, out of memory, nothing.
+  Program& operator=(const Program& other) {
+    *this = Program(other);
+    return *this;
+  }
+  ~Program() = default;
+
   /// A place in memory that instructions read: a constant or a variable.
   struct Operand {
     bool isVariable;   ///< which of the two it is

@@ -37,8 +37,8 @@ class ValueMap {
 
   /// Replaces all elements by copies; generation() changes.
   ValueMap& operator=(const ValueMap& other) {
-    values = other.values;
     ++removals;
+    values = other.values;
     return *this;
   }
 

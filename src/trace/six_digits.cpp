@@ -59,7 +59,8 @@ double decideNearTie(double x, double s, int e, const Decade& decade) {
   const double distance = (x - c * decade.high) - c * decade.low;
   if (std::abs(distance) >= x * 0x1p-80) return floor + (distance > 0 ? 1.0 : 0.0);
   const int power = e - 5;
-  return power >= kSmallestTie && power <= kLargestTie ? floor + (floor & 1) : -1;
+  if (power < kSmallestTie || power > kLargestTie) return -1;
+  return floor + (floor & 1);
 }
 
 char* writeAsText(char* out, double x) {

@@ -34,7 +34,7 @@ char* writeSixDigits(char* out, double x);
 // Which m? s = x·10^(5-e) is below 2^20. Its rounding error and that of the
 // power are at most 2^-33 each, so that s is off by at most 2^-32: unless s is
 // within 2^-31 of a half, the integer nearest to it is the one nearest to the
-// true value. Near a half, where |x| almost equals c·10^(e-5), c = |m| + 1/2,
+// true value. Near a half, where |x| almost equals c·10^(e-5), c = floor|s| + 1/2,
 // the sign of (|x| - c·H) - c·L decides, where H + L = 10^(e-5) and H has 32
 // bits: c·H is exact, |x| - c·H is exact (Sterbenz), and c·L is off by less than
 // 2^-84·|x|. A difference smaller than 2^-80·|x| is an exact tie where such can
@@ -43,7 +43,7 @@ char* writeSixDigits(char* out, double x);
 // L has at most 21 bits, and the difference itself is exact. Below, k = 5-e, the
 // difference between |x|·10^k and c is a multiple of 2^-57: |x| = M·2^q, M < 2^53,
 // and M·5^k·2^(q+k) is about c > 2^16. So it is 0 or more than 2^-77·c. Elsewhere
-// text has to tell.
+// text has to tell; nine magnitudes come to that.
 //
 // Which double is nearest to m·10^(e-5)? m·H + m·L: m·H is exact, m·L has a
 // relative error of 2^-53 and is 2^-32 of the sum, so that the sum is rounded
