@@ -131,41 +131,46 @@ void Expression::bindArguments(std::size_t count) {
   }
 }
 
+// A variable may get its value at any later time, so that a missing one is
+// looked for at every call.
 void Expression::linkProgram() {
-  // A variable may get its value at any later time, so that a missing one is
-  // looked for at every call.
   std::vector<const double*> places;
   bool complete = false;
   locate(program, variables, places, complete);
   if (!complete) program.throwFirstFault(places.data());
   binding.linked = program.link(places.data());
-  binding.complete = true;
 }
 
-inline double Expression::evaluateBound() {
-  if (!binding.complete) [[unlikely]]
-    linkProgram();
+double Expression::evaluateAnew(const double* x, std::size_t n) {
+  bindArguments(n);
+  for (std::size_t i = 0; i < n; ++i)
+    *binding.arguments[i] = roundToSixDigits(x[i]);
+  if (binding.ready == 0) linkProgram();
+  binding.ready = binding.arguments.size() + 1;
   return checkedResult(binding.linked.run());
 }
 
-inline double* const* Expression::placesOfArguments(std::size_t n) {
-  if (binding.generation != variables.generation() || binding.arguments.size() < n) [[unlikely]]
-    bindArguments(n);
-  return binding.arguments.data();
+inline bool Expression::isReadyFor(std::size_t n) const {
+  return binding.generation == variables.generation() && n < binding.ready;
 }
 
 double Expression::evaluateAt(const double* rounded, std::size_t n) {
-  double* const* const places = placesOfArguments(n);
+  // Rounding what is rounded changes nothing.
+  if (!isReadyFor(n)) [[unlikely]]
+    return evaluateAnew(rounded, n);
+  double* const* const places = binding.arguments.data();
   for (std::size_t i = 0; i < n; ++i)
     *places[i] = rounded[i];
-  return evaluateBound();
+  return checkedResult(binding.linked.run());
 }
 
 double Expression::evaluateRounding(const double* x, std::size_t n) {
   for (std::size_t i = 0; i < n; ++i)
     checkedResult(x[i]);
-  double* const* const places = placesOfArguments(n);
+  if (!isReadyFor(n)) [[unlikely]]
+    return evaluateAnew(x, n);
+  double* const* const places = binding.arguments.data();
   for (std::size_t i = 0; i < n; ++i)
     *places[i] = roundToSixDigits(x[i]);
-  return evaluateBound();
+  return checkedResult(binding.linked.run());
 }

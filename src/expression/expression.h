@@ -164,21 +164,21 @@ class Expression {
 
     void clear() noexcept {
       arguments.clear();
-      complete = false;
+      ready = 0;
     }
 
     std::vector<double*> arguments;
     LinkedProgram linked;
-    bool complete = false;
+    std::size_t ready = 0;  // calls of fewer arguments than this may run
     std::uint64_t generation = 0;
   };
 
   static Program compile(const std::vector<token>& sequence);
   void appendName(std::string_view name, std::vector<token>& out) const;
-  [[gnu::cold]] void bindArguments(std::size_t count);
-  [[gnu::cold]] void linkProgram();
-  double* const* placesOfArguments(std::size_t n);
-  double evaluateBound();
+  void bindArguments(std::size_t count);
+  void linkProgram();
+  [[gnu::cold]] double evaluateAnew(const double* x, std::size_t n);
+  bool isReadyFor(std::size_t n) const;
 
   Program program;
   Binding binding;

@@ -153,9 +153,11 @@ LinkedProgram Program::link(const double* const* places) const {
   LinkedProgram linked;
   linked.stack.resize(maxDepth);
   linked.code.reserve(code.size());
+  const void* const* labels = nullptr;
+  LinkedProgram::execute(nullptr, nullptr, &labels);
   for (const Instruction& from : code) {
     LinkedProgram::Instruction& to = linked.code.emplace_back();
-    to.code = LinkedProgram::codeOf(from.code, from.form);
+    to.label = labels[LinkedProgram::codeOf(from.code, from.form)];
     to.left = places[from.left];
     if (from.code == Code::call) {
       to.function = functionOf(from.function);
@@ -176,7 +178,7 @@ LinkedProgram Program::link(const double* const* places) const {
 // NOLINTBEGIN(clang-analyzer-core.*,bugprone-macro-parentheses)
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wpedantic"
-#define NEXT() goto* labels[(++at)->code]
+#define NEXT() goto*(++at)->label
 #define PUSH() *top++ = accumulator
 #define ONE_OPERAND(name, compute)                    \
   name##OnStack : accumulator = compute(accumulator); \
@@ -195,9 +197,9 @@ LinkedProgram Program::link(const double* const* places) const {
   accumulator = compute(*at->left, *at->right);                 \
   NEXT();
 
-double LinkedProgram::run() {
+double LinkedProgram::execute(const Instruction* at, double* top, const void* const** labels) {
   // clang-format off
-  static const void* const labels[] = {  // by Code, and by Form in each row
+  static const void* const all[] = {  // by Code, and by Form in each row
       &&end, nullptr, nullptr, nullptr,
       nullptr, nullptr, nullptr, &&load,
       &&callOnStack, nullptr, nullptr, &&callInMemory,
@@ -211,10 +213,12 @@ double LinkedProgram::run() {
       &&subtractProduct, nullptr, nullptr, nullptr,
   };
   // clang-format on
-  const Instruction* at = code.data();
-  double* top = stack.data();
   double accumulator = 0;
-  goto* labels[at->code];
+  if (labels != nullptr) [[unlikely]] {
+    *labels = all;
+    return accumulator;
+  }
+  goto * at->label;
 
 load:
   PUSH();

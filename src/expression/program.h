@@ -49,7 +49,7 @@ class LinkedProgram {
  public:
   /// Computes the one value left, whatever it is, NaN and infinities included.
   /// The program was made by Program::link().
-  double run();
+  double run() { return execute(code.data(), stack.data(), nullptr); }
 
  private:
   friend class Program;
@@ -84,13 +84,16 @@ class LinkedProgram {
   }
 
   struct Instruction {
-    int code;  // and form
+    const void* label;  // of what its code and form ask for
     const double* left;
     union {
       const double* right;
       double (*function)(double);
     };
   };
+
+  // Runs the instructions; or only gives away the labels, by codeOf().
+  static double execute(const Instruction* at, double* top, const void* const** labels);
 
   std::vector<Instruction> code;
   std::vector<double> stack;
