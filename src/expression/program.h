@@ -111,8 +111,11 @@ class LinkedProgram {
 class Program {
  public:
   Program() = default;
+  /// Copies compile on, or run, on their own.
   Program(const Program&) = default;
+  /// Leaves the other one empty, as if never compiled.
   Program(Program&&) = default;
+  /// @copydoc Program(Program&&)
   Program& operator=(Program&&) = default;
   /// Copies all of the other program or, out of memory, nothing.
   Program& operator=(const Program& other) {
