@@ -87,10 +87,10 @@ void Program::apply(Operation operation) {
 void Program::applyToOne(Operation operation) {
   const Value x = values.back();
   if (operation == Operation::identity && !x.inMemory) return;
-  const Code one = operation == Operation::identity ? Code::load
-                   : operation == Operation::square ? Code::square
-                                                    : Code::call;
-  append({one, x.inMemory ? Form::inMemory : Form::onStack, operation, x.operand});
+  const Code ofOne = operation == Operation::identity ? Code::load
+                     : operation == Operation::square ? Code::square
+                                                      : Code::call;
+  append({ofOne, x.inMemory ? Form::inMemory : Form::onStack, operation, x.operand});
 }
 
 bool Program::isConstantTwo(const Value& value) const {
@@ -105,15 +105,17 @@ void Program::applyToTwo(Operation operation) {
     applyToOne(Operation::square);
     return;
   }
-  const auto sameCode = static_cast<int>(operation) - static_cast<int>(Operation::add);
-  const auto two = static_cast<Code>(sameCode + static_cast<int>(Code::add));
+  const int afterAdd = static_cast<int>(operation) - static_cast<int>(Operation::add);
+  const auto ofTwo = static_cast<Code>(afterAdd + static_cast<int>(Code::add));
+  static_assert(static_cast<int>(Code::power) - static_cast<int>(Code::add) ==
+                static_cast<int>(Operation::power) - static_cast<int>(Operation::add));
   if (!left.inMemory && !right.inMemory) {
-    applyToComputed(two);
+    applyToComputed(ofTwo);
   } else {
     const Form form = !left.inMemory    ? Form::rightInMemory
                       : !right.inMemory ? Form::leftInMemory
                                         : Form::inMemory;
-    append({two, form, {}, left.operand, right.operand});
+    append({ofTwo, form, {}, left.operand, right.operand});
   }
 }
 
@@ -213,6 +215,7 @@ double LinkedProgram::execute(const Instruction* at, double* top, const void* co
       &&subtractProduct, nullptr, nullptr, nullptr,
   };
   // clang-format on
+  static_assert(std::size(all) == codeOf(Code::subtractProduct, Form::inMemory) + 1);
   double accumulator = 0;
   if (labels != nullptr) [[unlikely]] {
     *labels = all;
