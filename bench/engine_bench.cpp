@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "expression/functions.h"
+#include "nordika/functions.h"
+#include "number/six_digits.h"
 #include "texts.h"
-#include "trace/six_digits.h"
 
 namespace {
 

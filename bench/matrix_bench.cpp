@@ -11,7 +11,7 @@
 #include <unistd.h>
 #include <vector>
 
-#include "matrix/matrix.h"
+#include "nordika/matrix.h"
 
 namespace {
 

@@ -14,7 +14,7 @@
 #include <unistd.h>
 #include <vector>
 
-#include "solver/solver.h"
+#include "nordika/solver.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 
 #include <cmath>
 
-#include "trace/six_digits.h"
+#include "number/six_digits.h"
 
 /// The expressions that are measured, and the same by hand: arguments rounded
 /// as the engine rounds them, pow for ^.
@@ -21,6 +21,8 @@ inline constexpr const char* kTexts[] = {
 
 /// The exponent of every square; a compiler that knows it calls no pow.
 inline volatile double two = 2;
+
+using nordika::detail::roundToSixDigits;
 
 inline double byHand(int text, const double* values, double a) {
   const double x1 = roundToSixDigits(values[0]);

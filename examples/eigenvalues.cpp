@@ -14,7 +14,7 @@
 #include <iostream>
 #include <vector>
 
-#include "matrix/matrix.h"
+#include "nordika/matrix.h"
 
 int main() {
   Matrix A(3);

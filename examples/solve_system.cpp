@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "solver/solver.h"
+#include "nordika/solver.h"
 
 int main() {
   const std::string parameters = "a = 2";

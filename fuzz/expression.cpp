@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "expression/expression.h"
+#include "nordika/expression.h"
 
 #include "outcome.h"
 

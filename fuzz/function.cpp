@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "expression/functions.h"
+#include "nordika/functions.h"
 #include "outcome.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <string>
 
-#include "expression/errors.h"
+#include "nordika/expression.h"
 
 /// How an action that gives a number ends: with its bits or in a named
 /// exception. Any other exception ends the process.

@@ -9,8 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "expression/expression.h"
-#include "expression/number.h"
+#include "nordika/expression.h"
 
 namespace {
 
@@ -186,49 +185,6 @@ TEST(Expression, ReadsAssignments) {
       if (expression.variables.contains(name)) values << expression.variables.at(name) << " ";
     }
     EXPECT_EQ(values.str() + failed, row.outcome) << row.text;
-  }
-}
-
-// Every string over the characters that matter, against the library itself.
-TEST(Number, IsReadAsTheStandardExtractionReadsIt) {
-  const std::string alphabet = "01.eE+-x";
-  std::vector<std::string> texts = {"1e308",
-                                    "2e308",
-                                    "-2e308",
-                                    "1e-320",
-                                    "1e-5000",
-                                    "1e99999999999",
-                                    "0e99999999999",
-                                    "179769313486231580793e289",
-                                    "4.9e-324",
-                                    "2.4703282292062327e-324",
-                                    "9007199254740993",
-                                    "123456789012345678901234567890.5e-10"};
-  for (std::size_t first = 0, length = 0; length < 7; ++length) {
-    const std::size_t end = texts.size();
-    if (length == 0) {
-      texts.emplace_back();
-      first = end;
-      continue;
-    }
-    for (std::size_t i = first; i < end; ++i) {
-      for (const char c : alphabet)
-        texts.push_back(texts[i] + c);
-    }
-    first = end;
-  }
-  for (const std::string& text : texts) {
-    std::istringstream stream(text);
-    double expected = 0;
-    stream >> expected;
-    std::string_view rest = text;
-    const auto value = extractNumber(rest);
-    ASSERT_EQ(value.has_value(), !stream.fail()) << text;
-    if (!value) continue;
-    ASSERT_EQ(*value, expected) << text;
-    ASSERT_EQ(std::signbit(*value), std::signbit(expected)) << text;
-    stream.clear();
-    ASSERT_EQ(rest, std::string(std::istreambuf_iterator<char>(stream), {})) << text;
   }
 }
 

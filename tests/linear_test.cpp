@@ -8,7 +8,7 @@
 
 #include "capture.h"
 #include "matrices.h"
-#include "matrix/matrix.h"
+#include "nordika/matrix.h"
 
 namespace {
 

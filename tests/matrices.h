@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "matrix/matrix.h"
+#include "nordika/matrix.h"
 
 inline Matrix matrixOf(const std::vector<std::vector<double>>& rows) {
   Matrix a(static_cast<int>(rows.size()));

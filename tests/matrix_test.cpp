@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "matrix/matrix.h"
+#include "nordika/matrix.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

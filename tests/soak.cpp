@@ -15,7 +15,7 @@
 #include <QtTest>
 #include <QtWidgets>
 
-#include "solver/solver.h"
+#include "nordika/solver.h"
 #include "widget.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "solver/solver.h"
+#include "nordika/solver.h"
 
 #include <cmath>
 #include <functional>

@@ -9,6 +9,8 @@
 
 namespace {
 
+using nordika::openRunLog;
+using nordika::runLogName;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
@@ -327,7 +329,7 @@ TEST(RunLogDeathTest, ALogThatCannotBeOpenedEndsTheProcess) {
 }  // namespace
 
 // The bus library keeps what it has set up once.
-extern "C" const char* __lsan_default_suppressions() {
+extern "C" const char* __lsan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier)
   return "leak:libdbus";
 }
 

@@ -8,47 +8,52 @@
 #include <QMessageBox>
 
 #include "font_fit.h"
+#include "messages.h"
+#include "nordika/solver.h"
+#include "nordika/trace.h"
 #include "row.h"
 #include "run_log.h"
-#include "solver/solver.h"
-#include "trace/trace.h"
 #include "ui_widget.h"
 #include "widget.h"
 
+namespace messages = nordika::messages;
+
 namespace {
 
-constexpr int kIterationsLimit = 100000;
-
-// A text field leaves its cursor, and the view, at the end of the text; a
-// result too long for its field has to show its leading digits.
+// Puts the cursor at the beginning, so that a result too long for its field
+// shows its leading digits.
 void showResult(QLineEdit& field, const QString& text) {
   field.setText(text);
   field.setCursorPosition(0);
-  if (!showsWhole({&field, text})) field.setToolTip(text);
+  if (!nordika::showsWhole({&field, text})) field.setToolTip(text);
 }
 
-void reportFailure(const std::string& logged, const QString& shown) {
-  Trace trace;
-  trace << "Error: " << logged << "\n\n";
+void showError(const QString& text) {
+  QMessageBox::information(nullptr, messages::kErrorTitle, text, QMessageBox::Ok);
+}
+
+// Writes the error line and shows the box; either may have a detail at its end.
+void report(const messages::Failure& failure, const std::string& loggedDetail = {},
+            const QString& shownDetail = {}) {
+  nordika::Trace trace;
+  trace << "Error: " << failure.logged << loggedDetail << "\n\n";
   trace.flush();
-  QMessageBox::information(nullptr, "Ошибка", shown, QMessageBox::Ok);
+  showError(failure.shown + shownDetail);
 }
 
-Row rowOf(const Ui_Widget& ui, int i) {
-  if (i < 1 || i > 4) throw 42;
-  return rowsOf(ui)[static_cast<std::size_t>(i - 1)];
+nordika::Row rowOf(const Ui_Widget& ui, int i) {
+  const auto rows = nordika::rowsOf(ui);
+  if (i < 1 || i > static_cast<int>(rows.size())) throw 42;
+  return rows.begin()[i - 1];
 }
 
 }  // namespace
 
 void Widget::on_calcButton_clicked() {
-  Trace::takeLoss();
+  nordika::Trace::takeLoss();
   calculate();
-  if (!Trace::takeLoss()) return;
-  QMessageBox::information(
-      nullptr, "Ошибка",
-      "Не удалось полностью записать файл " + QString::fromStdString(openedRunLog()) + ".",
-      QMessageBox::Ok);
+  if (!nordika::Trace::takeLoss()) return;
+  showError(QString(messages::kLogNotWhole).arg(QString::fromStdString(nordika::openedRunLog())));
 }
 
 void Widget::calculate() {
@@ -62,28 +67,23 @@ void Widget::calculate() {
   try {
     solution = solve(n, accuracy, iterations);
   } catch (const ExpressionWrongFormat&) {
-    return reportFailure("expression has wrong format.", "Неправильный формат ввода выражения");
+    return report(messages::kWrongFormat);
   } catch (const ExpressionBadResult&) {
-    return reportFailure(
-        "result of expression evaluation is bad (equals to nan or inf).",
-        "Значение выражения для заданных аргументов не определено либо слишком велико");
+    return report(messages::kBadResult);
   } catch (const ExpressionUnknownVariable& variable) {
-    return reportFailure("expression has unknown variable: " + variable.name,
-                         "Неизвестная переменная: " + QString::fromLatin1(variable.name.c_str()));
+    return report(messages::kUnknownVariable, variable.name,
+                  QString::fromLatin1(variable.name.c_str()));
   } catch (const MaxItersCountAchieved&) {
-    return reportFailure(
-        "iterations limit achieved.",
-        "Превышено предельно допустимое число итераций: " + QString::number(kIterationsLimit));
+    return report(messages::kLimitAchieved, {}, QString::number(nordika::kMaxIterations));
   } catch (const MatrixIsSingular&) {
-    return reportFailure("matrix is singular.",
-                         "Матрица Якоби для заданных аргументов является вырожденной");
+    return report(messages::kSingularMatrix);
   } catch (...) {
-    return reportFailure("undefined error.", "Неизвестная ошибка");
+    return report(messages::kUndefinedError);
   }
-  std::size_t k = 0;
-  for (const Row& row : rowsOf(*ui)) {
-    if (k == solution.size()) break;
-    showResult(*row.result, QString::number(solution[k++], 'g', 6));
+  auto component = solution.begin();
+  for (const nordika::Row& row : nordika::rowsOf(*ui)) {
+    if (component == solution.end()) break;
+    showResult(*row.result, QString::number(*component++, 'g', 6));
   }
   showResult(*ui->iters, QString::number(iterations));
 }
@@ -100,15 +100,16 @@ std::vector<double> Widget::solve(int n, double accuracy, int& iterations) const
     return solve_nonlinear_system_simple_iters(problem, accuracy, iterations);
   }
   std::vector<std::vector<Function>> jacobi(functions.size());
-  for (int i = 0; i < n; ++i)
+  for (int i = 0; i < n; ++i) {
     for (int j = 0; j < n; ++j)
-      jacobi[static_cast<std::size_t>(i)].push_back(parseJacobiMatrixElement(i, j));
+      jacobi.begin()[i].push_back(parseJacobiMatrixElement(i, j));
+  }
   NewtonProblem problem(functions, start, jacobi);
   return solve_nonlinear_system_newton(problem, accuracy, iterations);
 }
 
-// The mouse takes the focus out of the cell, and so ends its editing. A press
-// by an assistive tool does not.
+// A mouse click on the button takes the focus from the cell and thereby ends its
+// editing. A press by an assistive tool leaves the editor open.
 void Widget::commitCellEditor() {
   QAbstractItemDelegate* cells = ui->jacobiMatrix->itemDelegate();
   for (QLineEdit* editor : ui->jacobiMatrix->findChildren<QLineEdit*>()) {
@@ -124,8 +125,8 @@ std::string Widget::getVars() const {
 }
 
 Function Widget::compile(const QString& text) const {
-  // The engine reads single bytes. What Latin-1 has no byte for becomes a
-  // question mark, which no expression may contain.
+  // The engine reads single bytes. Characters outside Latin-1 become question
+  // marks, which no expression may contain.
   const QByteArray bytes = text.isEmpty() ? QByteArray("0") : text.toLatin1();
   return {bytes.toStdString(), getVars()};
 }

@@ -3,7 +3,11 @@
 
 #include "decimal_box.h"
 
+namespace nordika {
+
 QValidator::State DecimalBox::validate(QString& input, int& pos) const {
   input.replace(QLatin1Char(','), QLatin1Char('.'));
   return QDoubleSpinBox::validate(input, pos);
 }
+
+}  // namespace nordika

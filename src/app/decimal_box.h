@@ -6,9 +6,11 @@
 
 #include <QDoubleSpinBox>
 
-/// A decimal spin box that takes a comma for a point, whichever way it gets
-/// into the text: Russian keyboards type one, and the "C" locale that the
-/// window sets would drop it as a separator of thousands (1,25 as 125).
+namespace nordika {
+
+/// A decimal spin box that reads a comma, typed or pasted, as a point. Russian
+/// keyboards type a comma. The "C" locale of the window would drop it as a
+/// separator of thousands and read 1,25 as 125.
 class DecimalBox : public QDoubleSpinBox {
  public:
   using QDoubleSpinBox::QDoubleSpinBox;
@@ -16,5 +18,7 @@ class DecimalBox : public QDoubleSpinBox {
   /// Replaces the commas in the text, then judges it as the base class does.
   QValidator::State validate(QString& input, int& pos) const override;
 };
+
+}  // namespace nordika
 
 #endif

@@ -18,9 +18,11 @@
 #include <QStyleOption>
 #include <QTextDocument>
 
+namespace nordika {
+
 namespace {
 
-// What a line edit keeps free on both sides of its text, and the cursor.
+// The margins of a line edit on both sides of its text, and the cursor.
 constexpr int kLineEditMargins = 2 * 2 + 1;
 
 QSize roomInLineEdit(const QRect& contents) {
@@ -77,7 +79,7 @@ QRect inkOf(QLabel& label) {
   return ink;
 }
 
-// Rich text is laid out in ways of its own; it is drawn to see.
+// Rich text has a layout of its own, so it is measured by drawing it.
 int lostOfRichText(const ShownText& shown) {
   const QSize room = roomFor(*shown.widget);
   QLabel label(shown.text, shown.widget->window());
@@ -88,15 +90,14 @@ int lostOfRichText(const ShownText& shown) {
   blackOnWhite.setColor(QPalette::WindowText, Qt::black);
   label.setPalette(blackOnWhite);
   label.resize(whole.expandedTo(room));
-  // What is larger than its label begins in its upper left corner.
+  // A text larger than its label begins in the label's upper left corner.
   const QRect ink = inkOf(label);
   const QSize seen = room * label.devicePixelRatioF();
   return std::max(ink.right() + 1 - seen.width(), 0) +
          std::max(ink.bottom() + 1 - seen.height(), 0);
 }
 
-// Down, the letters count and not the line: line heights promise more room
-// than the letters need.
+// Vertically, measures the glyphs and not the line height, which is larger.
 int lostOfPlainText(const ShownText& shown) {
   const QSize room = roomFor(*shown.widget);
   const QFontMetrics metrics(shown.widget->font());
@@ -130,8 +131,7 @@ void fitFontFamily(QWidget& window, const std::vector<ShownText>& texts,
   for (const QString& family : families) {
     QFont font = fonts.first();
     font.setFamilies({family});
-    // What stands in for a family that is not installed may be any, a serif
-    // one even.
+    // For a missing family any other may be substituted, even a serif one.
     if (!QFontInfo(font).family().startsWith(family)) continue;
     if (fits(font)) return;
     fonts.append(font);
@@ -146,3 +146,5 @@ void fitFontFamily(QWidget& window, const std::vector<ShownText>& texts,
   const auto least = std::min_element(losses.begin(), losses.end()) - losses.begin();
   window.setFont(fonts[static_cast<int>(least)]);
 }
+
+}  // namespace nordika

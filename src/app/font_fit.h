@@ -11,6 +11,8 @@
 
 class QWidget;
 
+namespace nordika {
+
 /// A text and the widget, of a fixed geometry, that has to show it.
 struct ShownText {
   /// A label, button, spin box or line edit.
@@ -28,5 +30,7 @@ bool showsWhole(const ShownText& shown);
 /// stay as they are.
 void fitFontFamily(QWidget& window, const std::vector<ShownText>& texts,
                    const QStringList& families);
+
+}  // namespace nordika
 
 #endif

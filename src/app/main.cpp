@@ -9,8 +9,8 @@
 #include "widget.h"
 
 int main(int argc, char* argv[]) {
-  // A descriptor that the caller left closed would go to the toolkit's
-  // connection, and the run log would then take its place.
+  // If the caller closed descriptor 2, the toolkit's X connection would get that
+  // number, and reopening the standard error stream would close it.
   for (int file = STDIN_FILENO; file <= STDERR_FILENO; ++file) {
     if (fcntl(file, F_GETFD) < 0) open("/dev/null", O_RDWR);
   }

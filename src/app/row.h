@@ -8,6 +8,8 @@
 
 #include "ui_widget.h"
 
+namespace nordika {
+
 /// The widgets that belong to one equation and its unknown.
 struct Row {
   /// The label in front of the equation.
@@ -44,5 +46,7 @@ inline std::array<Row, 4> rowsOf(const Ui_Widget& ui) {
            {ui.label_phi_4, ui.eq_4, ui.label_eq_4, ui.label_init_x_4, ui.init_x_4,
             ui.label_res_x_4, ui.res_x_4}}};
 }
+
+}  // namespace nordika
 
 #endif

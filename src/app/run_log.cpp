@@ -11,9 +11,11 @@
 
 #include <QString>
 
+namespace nordika {
+
 namespace {
 
-// Where the standard error stream led when the process started.
+// The destination of the standard error stream when the process started.
 int terminal = -1;
 
 std::string opened;
@@ -37,7 +39,7 @@ RunLogName runLogName(std::time_t start) {
 
 bool openRunLog(const char* name) {
   opened = name;
-  // A file that may not grow any more is an error of a write, not the end.
+  // Otherwise reaching RLIMIT_FSIZE kills the process instead of failing the write.
   std::signal(SIGXFSZ, SIG_IGN);
   // A second window finds the stream redirected already.
   if (terminal < 0) terminal = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
@@ -46,8 +48,8 @@ bool openRunLog(const char* name) {
     std::setbuf(stderr, nullptr);  // as it was: a file makes it buffered
     return true;
   }
-  // The failure has freed the descriptor. Nothing else may get its number, or
-  // the libraries' messages would end up in a file or socket of the toolkit.
+  // The failure has freed the descriptor. If a file or socket of the toolkit got
+  // its number, messages of libraries would be written there.
   dup2(terminal, STDERR_FILENO);
   return false;
 }
@@ -55,3 +57,5 @@ bool openRunLog(const char* name) {
 const std::string& openedRunLog() {
   return opened;
 }
+
+}  // namespace nordika

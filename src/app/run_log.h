@@ -8,6 +8,8 @@
 #include <ctime>
 #include <string>
 
+namespace nordika {
+
 /// A file name that ends in a NUL character.
 using RunLogName = std::array<char, 100>;
 
@@ -16,13 +18,15 @@ using RunLogName = std::array<char, 100>;
 RunLogName runLogName(std::time_t start);
 
 /// Reopens the standard error stream onto the named file, which is created or
-/// truncated. What the toolkit itself has to say still goes where that stream
-/// led before, so that the file holds nothing but what the program writes.
-/// @return false when the file cannot be opened; the standard error stream is
-///   then closed
+/// truncated. The toolkit's own messages still go to the stream's former
+/// destination, so the file holds only what the program writes.
+/// @return false when the file cannot be opened; the stream is then closed, and
+///   its descriptor has its former destination
 bool openRunLog(const char* name);
 
 /// The name of the run log that was opened last.
 const std::string& openedRunLog();
+
+}  // namespace nordika
 
 #endif

@@ -14,39 +14,20 @@
 #include <QSet>
 
 #include "font_fit.h"
+#include "messages.h"
 #include "row.h"
 #include "run_log.h"
 #include "ui_widget.h"
 
+using nordika::Row;
+using nordika::rowsOf;
+using nordika::ShownText;
+namespace messages = nordika::messages;
+
 namespace {
 
-// The first letter of "Cписок" is a Latin one, in the text that users know.
-const char kHelp[] =
-    "Для ввода функций (например, phi1(x), здесь под x подразумевается набор "
-    "переменных x1, x2, ..., xn) необходимо заполнить соответствующее текстовое "
-    "поле. Вводимый текст должен являться корректным математическим выражением и "
-    "может содержать только латинские буквы, цифры, круглые скобки, знаки "
-    "арифметических операций (+ - * / ^), десятичные разделители (.), знаки "
-    "экспоненты (e E) и пробелы. Названия функций, переменных и констант должны "
-    "начинаться с латинских букв, но могут содержать и цифры. При записи "
-    "вещественных чисел обязательно указывать целую часть (0.1 - корректно, .1 - "
-    "некорректно). Используемые переменные должны быть известны (от них должна "
-    "зависеть вводимая функция, либо это может быть переменная a -- параметр "
-    "системы). Функции, соответствующие пустым полям, считаются тождественно равными "
-    "0.\n"
-    "\n"
-    "Cписок доступных функций (вместо x может быть указана любая известная "
-    "переменная, например x1) и констант:\n"
-    "sin(x)  cos(x)  tg(x)  ctg(x)  arcsin(x)  arccos(x)  arctg(x)  arcctg(x)  "
-    "exp(x)  ln(x)  log10(x)  log2(x)  abs(x)  sqrt(x)  sinh(x)  cosh(x)  pi\n"
-    "\n"
-    "Примеры корректных выражений:\n"
-    "sin(2*pi*x1)*exp(-4*pi^2*a*x2)\n"
-    "0.5 * (1. + 0.2 - 1e-1)\n"
-    "log10(3) - ln(3) / ln(10)\n";
-
-// The first is narrow enough for the form at 96 dots per inch, the second has
-// low subscripts too. The last two help where letters are drawn larger or
+// Narrow enough for the form at 96 dots per inch: the first; the second, whose
+// subscripts are low too. The others help where letters are larger or where
 // neither is installed.
 const char* const kNarrowFamilies[] = {
     "Liberation Sans",      "FreeSans", "Arimo", "Roboto", "Liberation Sans Narrow",
@@ -72,15 +53,15 @@ QString textAfter(int method, int k) {
 }  // namespace
 
 Widget::Widget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui_Widget>()) {
-  // The boxes would show and take numbers as the environment's language writes
-  // them; the engine knows the point only.
+  // Otherwise the boxes show and read numbers in the form of the environment's
+  // language. The engine only knows the decimal point.
   QLocale::setDefault(QLocale::c());
   setLocale(QLocale::c());
   ui->setupUi(this);
   std::setlocale(LC_ALL, "C");
   fitFont();
-  // The 4 × 4 cells leave one pixel on each side, less than the frames of some
-  // styles take.
+  // The 4 × 4 cells leave one pixel for the frame on each side. Some styles draw
+  // wider frames.
   if (ui->jacobiMatrix->frameWidth() > 1) ui->jacobiMatrix->setFrameStyle(QFrame::Box);
   ui->taskView->setScene(new QGraphicsScene);  // lives until the process ends
   on_checkSimpleIters_clicked();
@@ -92,12 +73,11 @@ Widget::Widget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui_Widget
 Widget::~Widget() = default;
 
 void Widget::setFiles() {
-  const RunLogName name = runLogName(std::time(nullptr));
-  if (openRunLog(name.data())) return;
-  QMessageBox::information(
-      nullptr, "Ошибка",
-      "Не удалось открыть файл " + QString::fromLatin1(name.data()) + " на запись.",
-      QMessageBox::Ok);
+  const nordika::RunLogName name = nordika::runLogName(std::time(nullptr));
+  if (nordika::openRunLog(name.data())) return;
+  QMessageBox::information(nullptr, messages::kErrorTitle,
+                           QString(messages::kLogNotOpened).arg(QString::fromLatin1(name.data())),
+                           QMessageBox::Ok);
   std::exit(EXIT_FAILURE);
 }
 
@@ -127,7 +107,7 @@ void Widget::fitFont() {
     if (!changing.contains(label)) texts.push_back({label, label->text()});
   }
   texts.insert(texts.end(), changed.begin(), changed.end());
-  fitFontFamily(*this, texts, {std::begin(kNarrowFamilies), std::end(kNarrowFamilies)});
+  nordika::fitFontFamily(*this, texts, {std::begin(kNarrowFamilies), std::end(kNarrowFamilies)});
 }
 
 void Widget::refresh() {
@@ -175,19 +155,20 @@ void Widget::clearInput() {
 }
 
 void Widget::clearResult() {
-  for (QLineEdit* field : {ui->res_x_1, ui->res_x_2, ui->res_x_3, ui->res_x_4, ui->iters}) {
-    field->clear();
-    field->setToolTip(QString());
+  for (const Row& row : rowsOf(*ui)) {
+    row.result->clear();
+    row.result->setToolTip(QString());
   }
+  ui->iters->clear();
 }
 
 void Widget::showTask(const QString& picture) {
   const QPixmap pixmap(picture);
   QGraphicsScene* scene = ui->taskView->scene();
   scene->clear();
-  // Only screens of a fractional scale transform it.
+  // The picture is transformed on screens of a fractional scale only.
   scene->addPixmap(pixmap)->setTransformationMode(Qt::SmoothTransformation);
-  // Left alone, the scene keeps the extent of everything it has ever held.
+  // By default the scene keeps the extent of everything it has ever held.
   scene->setSceneRect(pixmap.rect());
   ui->taskView->show();
 }
@@ -219,5 +200,5 @@ void Widget::on_checkNewton_clicked() {
 }
 
 void Widget::on_helpButton_clicked() {
-  QMessageBox::information(nullptr, "Справка", kHelp, QMessageBox::Ok);
+  QMessageBox::information(nullptr, messages::kHelpTitle, messages::kHelp, QMessageBox::Ok);
 }

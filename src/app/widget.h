@@ -10,7 +10,7 @@
 
 #include <QWidget>
 
-#include "expression/functions.h"
+#include "nordika/functions.h"
 
 class QString;
 class Ui_Widget;

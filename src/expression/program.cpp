@@ -5,248 +5,179 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <iterator>
+#include <string_view>
+#include <utility>
 
-#include "expression/errors.h"
-#include "expression/square.h"
+#include "expression/builtin_functions.h"
+#include "number/read_number.h"
 
-namespace {
+namespace nordika::detail {
 
-constexpr double kHalfPi = 1.5707963267948966;
-constexpr double kLn2 = 0.6931471805599453;
-
-// A name met again gets its old place when that is among the first ones; an
-// expression of very many names stays linear in its length.
-constexpr std::size_t kOperandsSearched = 16;
-
-double negated(double x) {
-  return -x;
-}
-double cotangent(double x) {
-  return 1.0 / std::tan(x);
-}
-double arccotangent(double x) {
-  return kHalfPi - std::atan(x);
-}
-double binaryLogarithm(double x) {
-  return std::log(x) / kLn2;
-}
-
-// By operation, from negate on. Outside its domain a function is whatever
-// the C library makes of it.
-constexpr double (*kFunctions[])(double) = {
-    negated,         std::sin,  std::cos,     std::tan,  cotangent, std::asin,
-    std::acos,       std::atan, arccotangent, std::exp,  std::log,  std::log10,
-    binaryLogarithm, std::fabs, std::sqrt,    std::sinh, std::cosh,
+// The order is that of the labels in run(). Each operator is followed by its form
+// with the right operand in memory.
+enum class Program::Code : std::uint8_t {
+  end,
+  load,
+  call,
+  negate,
+  add,
+  addOperand,
+  subtract,
+  subtractOperand,
+  multiply,
+  multiplyOperand,
+  divide,
+  divideOperand,
+  power,
+  powerOperand,
 };
-static_assert(std::size(kFunctions) ==
-              static_cast<int>(Operation::square) - static_cast<int>(Operation::negate));
 
-double (*functionOf(Operation operation))(double) {
-  return kFunctions[static_cast<int>(operation) - static_cast<int>(Operation::negate)];
+Program::Program(const std::vector<Expression::token>& sequence) {
+  instructions.reserve(sequence.size() + 1);
+  operands.reserve(sequence.size());
+  isComplete = std::all_of(sequence.begin(), sequence.end(),
+                           [this](const Expression::token& t) { return append(t); }) &&
+               depth == 1;
+  instructions.push_back({Code::end, 0});
 }
 
-}  // namespace
-
-void Program::pushConstant(double value) {
-  if (failed) return;
-  values.push_back({true, static_cast<std::uint32_t>(memory.size())});
-  memory.push_back({false, value, {}});
-}
-
-void Program::pushVariable(std::string_view name) {
-  if (failed) return;
-  const auto searched =
-      memory.begin() + static_cast<std::ptrdiff_t>(std::min(memory.size(), kOperandsSearched));
-  const auto known = std::find_if(memory.begin(), searched, [name](const Operand& operand) {
-    return operand.isVariable && operand.name == name;
-  });
-  const auto index = known != searched ? known - memory.begin() : std::ssize(memory);
-  values.push_back({true, static_cast<std::uint32_t>(index)});
-  if (index == std::ssize(memory)) memory.push_back({true, 0, std::string(name)});
-}
-
-void Program::append(Instruction instruction) {
-  if (instruction.form == Form::inMemory) maxDepth = std::max(maxDepth, ++depth);
-  code.push_back(instruction);
-}
-
-void Program::apply(Operation operation) {
-  const bool ofTwo = operation >= Operation::add;
-  if (operation == Operation::fail || values.size() < (ofTwo ? 2 : 1)) fail();
-  if (failed) return;
-  if (ofTwo) {
-    applyToTwo(operation);
-  } else {
-    applyToOne(operation);
-  }
-  values.back().inMemory = false;
-}
-
-void Program::applyToOne(Operation operation) {
-  const Value x = values.back();
-  if (operation == Operation::identity && !x.inMemory) return;
-  const Code ofOne = operation == Operation::identity ? Code::load
-                     : operation == Operation::square ? Code::square
-                                                      : Code::call;
-  append({ofOne, x.inMemory ? Form::inMemory : Form::onStack, operation, x.operand});
-}
-
-bool Program::isConstantTwo(const Value& value) const {
-  return value.inMemory && !memory[value.operand].isVariable && memory[value.operand].constant == 2;
-}
-
-void Program::applyToTwo(Operation operation) {
-  const Value right = values.back();
-  values.pop_back();
-  const Value left = values.back();
-  if (operation == Operation::power && isConstantTwo(right)) {
-    applyToOne(Operation::square);
-    return;
-  }
-  const int afterAdd = static_cast<int>(operation) - static_cast<int>(Operation::add);
-  const auto ofTwo = static_cast<Code>(afterAdd + static_cast<int>(Code::add));
-  static_assert(static_cast<int>(Code::power) - static_cast<int>(Code::add) ==
-                static_cast<int>(Operation::power) - static_cast<int>(Operation::add));
-  if (!left.inMemory && !right.inMemory) {
-    applyToComputed(ofTwo);
-  } else {
-    const Form form = !left.inMemory    ? Form::rightInMemory
-                      : !right.inMemory ? Form::leftInMemory
-                                        : Form::inMemory;
-    append({ofTwo, form, {}, left.operand, right.operand});
+bool Program::append(const Expression::token& t) {
+  switch (t.type) {
+    case Expression::number:
+      load({false, {}, numberValue(t.text)});
+      return true;
+    case Expression::variable:
+      load({true, t.text, 0});
+      return true;
+    case Expression::binary_operator:
+      return applyBinary(t.text);
+    case Expression::unary_operator:
+      return applyUnary(t.text);
+    case Expression::function:
+      return call(t.text);
+    default:
+      return false;
   }
 }
 
-// Neither operand is in memory.
-void Program::applyToComputed(Code operation) {
+void Program::load(Operand operand) {
+  instructions.push_back({Code::load, static_cast<std::uint32_t>(operands.size())});
+  operands.push_back(std::move(operand));
+  maxDepth = std::max(maxDepth, ++depth);
+}
+
+bool Program::applyUnary(const std::string& op) {
+  if (depth < 1) return false;
+  if (op == "-") instructions.push_back({Code::negate, 0});
+  return op == "-" || op == "+";
+}
+
+bool Program::applyBinary(const std::string& op) {
+  constexpr std::string_view kOperators = "+-*/^";
+  const std::size_t which = op.size() == 1 ? kOperators.find(op[0]) : std::string_view::npos;
+  if (depth < 2 || which == std::string_view::npos) return false;
+  constexpr Code kCodes[] = {Code::add, Code::subtract, Code::multiply, Code::divide, Code::power};
+  const Code onStack = kCodes[which];
   --depth;
-  Instruction& last = code.back();
-  const bool isSum = operation == Code::add || operation == Code::subtract;
-  if (isSum && last.code == Code::multiply && last.form == Form::inMemory) {
-    last.code = operation == Code::add ? Code::addProduct : Code::subtractProduct;
-    last.form = Form::onStack;
+  Instruction& last = instructions.back();
+  if (last.code == Code::load) {
+    last.code = static_cast<Code>(static_cast<int>(onStack) + 1);
   } else {
-    code.push_back({operation, Form::onStack});
+    instructions.push_back({onStack, 0});
   }
+  return true;
 }
 
-void Program::fail() {
-  failed = true;
+bool Program::call(const std::string& name) {
+  const BuiltinFunction* const function = findFunction(name);
+  if (depth < 1 || function == std::end(kBuiltinFunctions)) return false;
+  instructions.push_back(
+      {Code::call, static_cast<std::uint32_t>(function - std::begin(kBuiltinFunctions))});
+  return true;
 }
 
-void Program::finish() {
-  if (values.size() != 1) fail();
-  if (failed) return;
-  if (values[0].inMemory) applyToOne(Operation::identity);
-  code.push_back({Code::end, Form::onStack});
-  values = {};
-}
-
-void Program::throwFirstFault(const double* const* places) const {
-  for (const Operand& operand : memory) {
-    if (*places++ == nullptr) throw ExpressionUnknownVariable(operand.name);
-  }
-  if (hasFailed()) throw ExpressionWrongFormat();
-}
-
-LinkedProgram Program::link(const double* const* places) const {
-  LinkedProgram linked;
-  linked.stack.resize(maxDepth);
-  linked.code.reserve(code.size());
-  const void* const* labels = nullptr;
-  LinkedProgram::execute(nullptr, nullptr, &labels);
-  for (const Instruction& from : code) {
-    LinkedProgram::Instruction& to = linked.code.emplace_back();
-    to.label = labels[LinkedProgram::codeOf(from.code, from.form)];
-    to.left = places[from.left];
-    if (from.code == Code::call) {
-      to.function = functionOf(from.function);
-    } else {
-      to.right = places[from.right];
+Places Program::locate(const ValueMap& variables) const {
+  Places places;
+  places.reserve(operands.size());
+  for (const Operand& operand : operands) {
+    if (!operand.isVariable) {
+      places.push_back(&operand.constant);
+      continue;
     }
+    const auto place = variables.find(operand.name);
+    if (place == variables.end()) throw ExpressionUnknownVariable(operand.name);
+    places.push_back(&place->second);
   }
-  return linked;
+  if (!isComplete) throw ExpressionWrongFormat();
+  return places;
 }
 
-// Each instruction jumps to the next one itself: with a switch in a loop, which
-// dispatches from one place, an expression of fifty operations takes an eighth
-// longer. Labels are values in all compilers that this is built with, though not
-// in the language.
-//
-// Every pop is of a value that was pushed, and the end is met: the compilation
-// has seen to it.
-// NOLINTBEGIN(clang-analyzer-core.*,bugprone-macro-parentheses)
+// Each instruction jumps to the next one itself. With a switch in a loop, which
+// jumps from one place, an expression of fifty operations takes an eighth longer
+// and misses its goal (script/bench, E4). Compilers take labels as values, though
+// the language does not.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wpedantic"
-#define NEXT() goto*(++at)->label
-#define PUSH() *top++ = accumulator
-#define ONE_OPERAND(name, compute)                    \
-  name##OnStack : accumulator = compute(accumulator); \
-  NEXT();                                             \
-  name##InMemory : PUSH();                            \
-  accumulator = compute(*at->left);                   \
-  NEXT();
-#define TWO_OPERANDS(name, compute)                             \
-  name##OnStack : accumulator = compute(*--top, accumulator);   \
-  NEXT();                                                       \
-  name##Right : accumulator = compute(accumulator, *at->right); \
-  NEXT();                                                       \
-  name##Left : accumulator = compute(*at->left, accumulator);   \
-  NEXT();                                                       \
-  name##InMemory : PUSH();                                      \
-  accumulator = compute(*at->left, *at->right);                 \
-  NEXT();
+#define NEXT() goto*(kLabels[static_cast<int>((++at)->code)])
 
-double LinkedProgram::execute(const Instruction* at, double* top, const void* const** labels) {
+double Program::run(const double* const* places, double* stack) const {
   // clang-format off
-  static const void* const all[] = {  // by Code, and by Form in each row
-      &&end, nullptr, nullptr, nullptr,
-      nullptr, nullptr, nullptr, &&load,
-      &&callOnStack, nullptr, nullptr, &&callInMemory,
-      &&squareOnStack, nullptr, nullptr, &&squareInMemory,
-      &&addOnStack, &&addRight, &&addLeft, &&addInMemory,
-      &&subtractOnStack, &&subtractRight, &&subtractLeft, &&subtractInMemory,
-      &&multiplyOnStack, &&multiplyRight, &&multiplyLeft, &&multiplyInMemory,
-      &&divideOnStack, &&divideRight, &&divideLeft, &&divideInMemory,
-      &&powerOnStack, &&powerRight, &&powerLeft, &&powerInMemory,
-      &&addProduct, nullptr, nullptr, nullptr,
-      &&subtractProduct, nullptr, nullptr, nullptr,
-  };
+  static const void* const kLabels[] = {
+      &&end, &&load, &&call, &&negate,
+      &&add, &&addOperand, &&subtract, &&subtractOperand, &&multiply, &&multiplyOperand,
+      &&divide, &&divideOperand, &&power, &&powerOperand};
   // clang-format on
-  static_assert(std::size(all) == codeOf(Code::subtractProduct, Form::inMemory) + 1);
-  double accumulator = 0;
-  if (labels != nullptr) [[unlikely]] {
-    *labels = all;
-    return accumulator;
-  }
-  goto * at->label;
+  static_assert(std::size(kLabels) == static_cast<int>(Code::powerOperand) + 1);
+  double top = 0;
+  const Instruction* at = instructions.data() - 1;
+  NEXT();
 
 load:
-  PUSH();
-  accumulator = *at->left;
+  *stack++ = top;
+  top = *places[at->index];
   NEXT();
-  ONE_OPERAND(call, at->function)
-  ONE_OPERAND(square, squareAsPow)
-  TWO_OPERANDS(add, std::plus<>())
-  TWO_OPERANDS(subtract, std::minus<>())
-  TWO_OPERANDS(multiply, std::multiplies<>())
-  TWO_OPERANDS(divide, std::divides<>())
-  TWO_OPERANDS(power, std::pow)
-addProduct:
-  accumulator = accumulator + *at->left * *at->right;
+call:
+  top = kBuiltinFunctions[at->index].compute(top);
   NEXT();
-subtractProduct:
-  accumulator = accumulator - *at->left * *at->right;
+negate:
+  top = -top;
+  NEXT();
+add:
+  top = *--stack + top;
+  NEXT();
+addOperand:
+  top = top + *places[at->index];
+  NEXT();
+subtract:
+  top = *--stack - top;
+  NEXT();
+subtractOperand:
+  top = top - *places[at->index];
+  NEXT();
+multiply:
+  top = *--stack * top;
+  NEXT();
+multiplyOperand:
+  top = top * *places[at->index];
+  NEXT();
+divide:
+  top = *--stack / top;
+  NEXT();
+divideOperand:
+  top = top / *places[at->index];
+  NEXT();
+power:
+  top = std::pow(*--stack, top);
+  NEXT();
+powerOperand:
+  top = std::pow(top, *places[at->index]);
   NEXT();
 end:
-  return accumulator;
+  return top;
 }
 
-#undef TWO_OPERANDS
-#undef ONE_OPERAND
-#undef PUSH
 #undef NEXT
 #pragma GCC diagnostic pop
-// NOLINTEND(clang-analyzer-core.*,bugprone-macro-parentheses)
+
+}  // namespace nordika::detail

@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-#include "expression/expression.h"
+#include "nordika/expression.h"
 
 namespace {
 
@@ -59,6 +59,24 @@ bool isBalanced(const std::vector<Token>& tokens) {
 }
 
 }  // namespace
+
+int Expression::priority(const token& t) const {
+  if (t.text == "(") return 0;
+  if (t.type == function) return 5;
+  if (t.type == unary_operator) return 3;
+  switch (t.text.empty() ? '\0' : t.text[0]) {
+    case '+':
+    case '-':
+      return 1;
+    case '*':
+    case '/':
+      return 2;
+    case '^':
+      return 4;
+    default:
+      throw ExpressionWrongFormat();
+  }
+}
 
 void Expression::check_expression(const std::vector<token>& tokens) const {
   if (tokens.empty()) throw ExpressionWrongFormat();

@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
-#include "matrix/matrix.h"
+#include "nordika/matrix.h"
 
 double dotProduct(const std::vector<double>& u, const std::vector<double>& v) {
   if (u.size() != v.size()) throw VectorWrongDimensions();
@@ -50,8 +49,8 @@ double norm(const Matrix& a) {
   double maximum = 0;
   for (int i = 0; i < a.dimension(); ++i) {
     double sum = 0;
-    for (std::size_t j = 0; j < static_cast<std::size_t>(a.dimension()); ++j)
-      sum += std::abs(a[i][j]);
+    for (int j = 0; j < a.dimension(); ++j)
+      sum += std::abs(a(i, j));
     if (sum > maximum) maximum = sum;
   }
   return maximum;
@@ -60,9 +59,8 @@ double norm(const Matrix& a) {
 double off(const Matrix& a) {
   double sum = 0;
   for (int i = 1; i < a.dimension(); ++i) {
-    const double* const row = a[i].data();
     for (int j = 0; j < i; ++j)
-      sum += row[j] * row[j];
+      sum += a(i, j) * a(i, j);
   }
   return std::sqrt(sum);
 }
@@ -70,7 +68,7 @@ double off(const Matrix& a) {
 Matrix getIdentityMatrix(int n) {
   Matrix identity(n);
   for (int i = 0; i < n; ++i)
-    identity[i][static_cast<std::size_t>(i)] = 1;
+    identity(i, i) = 1;
   return identity;
 }
 
@@ -78,9 +76,8 @@ Matrix tensor_product(const std::vector<double>& u, const std::vector<double>& v
   if (u.size() != v.size()) throw VectorWrongDimensions();
   Matrix product(static_cast<int>(u.size()));
   for (int i = 0; i < product.dimension(); ++i) {
-    const double factor = u[static_cast<std::size_t>(i)];
-    std::transform(v.begin(), v.end(), product[i].begin(),
-                   [factor](double element) { return factor * element; });
+    for (int j = 0; j < product.dimension(); ++j)
+      product(i, j) = u.begin()[i] * v.begin()[j];
   }
   return product;
 }

@@ -4,23 +4,22 @@
 #ifndef NORDIKA_MATRIX_FINITE_H
 #define NORDIKA_MATRIX_FINITE_H
 
-#include <algorithm>
 #include <cmath>
-#include <vector>
 
-#include "matrix/matrix.h"
+#include "nordika/matrix.h"
+
+namespace nordika::detail {
 
 /// True when every element is neither infinite nor NaN.
-inline bool isFinite(const std::vector<double>& v) {
-  return std::all_of(v.begin(), v.end(), [](double x) { return std::isfinite(x); });
-}
-
-/// @copydoc isFinite(const std::vector<double>&)
 inline bool isFinite(const Matrix& a) {
   for (int i = 0; i < a.dimension(); ++i) {
-    if (!isFinite(a[i])) return false;
+    for (int j = 0; j < a.dimension(); ++j) {
+      if (!std::isfinite(a(i, j))) return false;
+    }
   }
   return true;
 }
+
+}  // namespace nordika::detail
 
 #endif

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "matrix/matrix.h"
+#include "nordika/matrix.h"
 
 double calcDeterminantWithLUP(const Matrix& A) {
   Matrix L;
@@ -11,7 +11,7 @@ double calcDeterminantWithLUP(const Matrix& A) {
   LUPdecomposition(A, L, U, P, swaps);
   double product = 1;
   for (int i = 0; i < U.dimension(); ++i)
-    product *= U[i][static_cast<std::size_t>(i)];
+    product *= U(i, i);
   return swaps % 2 == 0 ? product : -product;
 }
 
@@ -23,11 +23,8 @@ Matrix calcInverseMatrixWithLUP(const Matrix& A) {
   LUPdecomposition(A, L, U, P, swaps);
   const int n = A.dimension();
   Matrix inverse(n);
-  std::vector<double> unit(static_cast<std::size_t>(n));
-  for (int i = 0; i < n; ++i) {
-    unit[static_cast<std::size_t>(i)] = 1;
-    inverse.insertColumn(i, solveWithLUP(L, U, P, unit));
-    unit[static_cast<std::size_t>(i)] = 0;
-  }
+  const Matrix identity = getIdentityMatrix(n);
+  for (int i = 0; i < n; ++i)
+    inverse.insertColumn(i, solveWithLUP(L, U, P, identity[i]));
   return inverse;
 }

@@ -3,32 +3,35 @@
 
 #include <cmath>
 
-#include "matrix/matrix.h"
 #include "matrix/matrix_trace.h"
-#include "trace/trace.h"
+#include "nordika/matrix.h"
+#include "nordika/trace.h"
+
+using nordika::Trace;
+using nordika::detail::kFactorElements;
+using nordika::detail::writeMatrix;
 
 namespace {
 
 constexpr double kSmallestPivot = 1e-8;
 
-// Keeps the matrix's memory where it has the dimension already.
+// Reuses the memory of a matrix that has the dimension already.
 void makeIdentity(Matrix& a, int n) {
   if (a.dimension() != n) a = Matrix(n);
   for (int i = 0; i < n; ++i) {
     a[i].assign(static_cast<std::size_t>(n), 0.0);
-    a[i][static_cast<std::size_t>(i)] = 1;
+    a(i, i) = 1;
   }
 }
 
 // The row of the largest element of column k on or below the diagonal, the
-// upper one of equals; NaN is never chosen.
+// upper one of equals; never that of a NaN.
 int findPivot(const Matrix& U, int k) {
   double best = -1;
   int pivot = -1;
   for (int i = k; i < U.dimension(); ++i) {
-    const double magnitude = std::abs(U[i][static_cast<std::size_t>(k)]);
-    if (magnitude > best) {
-      best = magnitude;
+    if (std::abs(U(i, k)) > best) {
+      best = std::abs(U(i, k));
       pivot = i;
     }
   }
@@ -37,14 +40,13 @@ int findPivot(const Matrix& U, int k) {
 }
 
 void eliminateBelow(Matrix& L, Matrix& U, int k) {
-  const auto n = static_cast<std::size_t>(U.dimension());
-  const auto column = static_cast<std::size_t>(k);
+  const int n = U.dimension();
   const double* const pivotRow = U[k].data();
-  for (int i = k + 1; i < U.dimension(); ++i) {
+  for (int i = k + 1; i < n; ++i) {
     double* const row = U[i].data();
-    const double multiplier = row[column] / pivotRow[column];
-    L[i][column] = multiplier;
-    for (std::size_t j = column; j < n; ++j)
+    const double multiplier = row[k] / pivotRow[k];
+    L(i, k) = multiplier;
+    for (int j = k; j < n; ++j)
       row[j] -= multiplier * pivotRow[j];
   }
 }
@@ -53,20 +55,19 @@ void eliminateBelow(Matrix& L, Matrix& U, int k) {
 
 void LUPdecomposition(const Matrix& A, Matrix& L, Matrix& U, Matrix& P, int& swaps) {
   const int n = A.dimension();
+  U = A;
+  for (int i = 0; i < n; ++i)
+    U[i].resize(static_cast<std::size_t>(n));  // a row of A may be longer
   makeIdentity(L, n);
   makeIdentity(P, n);
-  U = A;
-  // Whatever a row of A may hold beyond its n elements is not part of it.
-  for (int i = 0; i < n; ++i)
-    U[i].resize(static_cast<std::size_t>(n));
   swaps = 0;
   for (int k = 0; k < n; ++k) {
     const int pivot = findPivot(U, k);
     if (pivot != k) {
       U.swapRows(k, pivot);
       P.swapRows(k, pivot);
-      // Rows, then columns: the stored multipliers move with their rows while
-      // the unit diagonal stays where it is.
+      // The stored multipliers move with their rows; the exchange of columns
+      // puts the unit diagonal back.
       L.swapRows(k, pivot);
       L.swapColumns(k, pivot);
       ++swaps;
@@ -77,23 +78,20 @@ void LUPdecomposition(const Matrix& A, Matrix& L, Matrix& U, Matrix& P, int& swa
 
 std::vector<double> solveWithLUP(const Matrix& L, const Matrix& U, const Matrix& P,
                                  const std::vector<double>& b) {
-  std::vector<double> x = P * b;
-  const std::size_t n = x.size();
-  if (L.dimension() != P.dimension() || U.dimension() != P.dimension()) {
-    throw MatrixWrongDimensions();
+  std::vector<double> solution = P * b;
+  const int n = P.dimension();
+  if (L.dimension() != n || U.dimension() != n) throw MatrixWrongDimensions();
+  double* const x = solution.data();
+  for (int i = 1; i < n; ++i) {
+    for (int j = 0; j < i; ++j)
+      x[i] -= L(i, j) * x[j];
   }
-  for (std::size_t i = 1; i < n; ++i) {
-    const double* const row = L[static_cast<int>(i)].data();
-    for (std::size_t j = 0; j < i; ++j)
-      x[i] -= row[j] * x[j];
+  for (int i = n - 1; i >= 0; --i) {
+    for (int j = i + 1; j < n; ++j)
+      x[i] -= U(i, j) * x[j];
+    x[i] /= U(i, i);
   }
-  for (std::size_t i = n; i-- > 0;) {
-    const double* const row = U[static_cast<int>(i)].data();
-    for (std::size_t j = i + 1; j < n; ++j)
-      x[i] -= row[j] * x[j];
-    x[i] /= row[i];
-  }
-  return x;
+  return solution;
 }
 
 std::vector<double> solveWithLUP(const Matrix& A, const std::vector<double>& b) {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "matrix/matrix.h"
+#include "nordika/matrix.h"
 
 #include <algorithm>
 #include <cmath>
@@ -88,14 +88,14 @@ void Matrix::swapRows(int i, int j) {
 void Matrix::swapColumns(int i, int j) {
   checkIndices(i, j);
   for (auto& row : rows)
-    std::swap(row[static_cast<std::size_t>(i)], row[static_cast<std::size_t>(j)]);
+    std::swap(row.begin()[i], row.begin()[j]);
 }
 
 void Matrix::insertColumn(int j, const std::vector<double>& v) {
   checkIndices(j, j);
   checkDimension(v.size());
   for (std::size_t i = 0; i < v.size(); ++i)
-    rows[i][static_cast<std::size_t>(j)] = v[i];
+    rows[i].begin()[j] = v[i];
 }
 
 void Matrix::doRound() {

@@ -6,29 +6,31 @@
 
 #include <string_view>
 
-#include "matrix/matrix.h"
-#include "trace/trace.h"
+#include "nordika/matrix.h"
+#include "nordika/trace.h"
 
-/// The columns of a matrix in a trace: every element as "%<width>.<decimals>f "
-/// prints it.
+namespace nordika::detail {
+
+/// How a trace shows the elements of a matrix: "%<width>.<decimals>f ".
 struct ElementFormat {
   int width;
   int decimals;
 };
 
-constexpr ElementFormat kFactorElements = {7, 3};
-constexpr ElementFormat kEigenElements = {10, 6};
+inline constexpr ElementFormat kFactorElements = {7, 3};
+inline constexpr ElementFormat kEigenElements = {10, 6};
 
 /// Writes the label as a line of its own and then a line for every row of a.
 inline void writeMatrix(Trace& trace, std::string_view label, const Matrix& a,
                         ElementFormat format) {
   trace << label << "\n";
-  const auto n = static_cast<std::size_t>(a.dimension());
   for (int i = 0; i < a.dimension(); ++i) {
-    for (std::size_t j = 0; j < n; ++j)
-      trace.cell(a[i][j], format.width, format.decimals);
+    for (int j = 0; j < a.dimension(); ++j)
+      trace.cell(a(i, j), format.width, format.decimals);
     trace << "\n";
   }
 }
+
+}  // namespace nordika::detail
 
 #endif

@@ -1,8 +1,13 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "matrix/matrix.h"
-#include "trace/trace.h"
+#include <iterator>
+#include <vector>
+
+#include "nordika/matrix.h"
+#include "nordika/trace.h"
+
+using nordika::Trace;
 
 namespace {
 
@@ -22,7 +27,7 @@ void writeQ(Trace& trace, std::size_t i, double value) {
 }
 
 Sweep sweepForward(Trace& trace, const Matrix& A, const std::vector<double>& d) {
-  // The checked access refuses the empty matrix before anything is read.
+  // For the empty matrix the checked access throws before anything is read.
   const std::vector<double>& first = A[0];
   const std::size_t n = d.size();
   Sweep sweep = {std::vector<double>(n), std::vector<double>(n)};
@@ -52,7 +57,7 @@ Sweep sweepForward(Trace& trace, const Matrix& A, const std::vector<double>& d) 
 
 std::vector<double> solveTridiagonalMatrixAlgo(const Matrix& A, const std::vector<double>& d) {
   const std::size_t n = d.size();
-  if (static_cast<std::size_t>(A.dimension()) != n) throw MatrixWrongDimensions();
+  if (A.dimension() != std::ssize(d)) throw MatrixWrongDimensions();
   Trace trace;
   trace << "Tridiagonal matrix algorithm start.\n";
   trace.flush();

@@ -1,39 +1,86 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "solver/solver.h"
+#include "nordika/solver.h"
 
-#include <cassert>
 #include <cmath>
+#include <cstddef>
 #include <iterator>
 
-#include "solver/iteration_trace.h"
-#include "trace/trace.h"
+#include "nordika/trace.h"
+#include "solver/precondition.h"
 
-// A failed assertion prints its condition, its line and the signature of its
-// function, and that text is what a report of such a failure is told by: the
-// assertions of this file stay on their lines. A test compares the whole text.
+using nordika::kMaxIterations;
+using nordika::Trace;
+
+namespace {
+
+constexpr char kSimpleItersProblem[] =
+    "SimpleItersProblem::SimpleItersProblem(const std::vector<Function>&, "
+    "const std::vector<double>&, const double&)";
+constexpr char kCalcPhi[] = "double SimpleItersProblem::calcPhi(int, const std::vector<double>&)";
+constexpr char kNewtonProblem[] =
+    "NewtonProblem::NewtonProblem(const std::vector<Function>&, const std::vector<double>&, "
+    "const std::vector<std::vector<Function> >&)";
+constexpr char kCalcF[] = "double NewtonProblem::calcF(int, const std::vector<double>&)";
+constexpr char kCalcJacobi[] =
+    "double NewtonProblem::calcJacobi(int, int, const std::vector<double>&)";
+
+// Written before anything of the iteration is computed: an iteration that fails
+// leaves this line behind.
+void writeIterationStart(Trace& trace, int k) {
+  trace << "Iteration: " << k << "\n";
+  trace.flush();
+}
+
+// The closing parenthesis belongs to the last component, so n = 0 leaves it out.
+void writeIterationResult(Trace& trace, double estimate, const std::vector<double>& x) {
+  trace << "Epsilon: " << estimate << "\n";
+  trace.flush();
+  trace << "x = (";
+  for (std::size_t i = 0; i < x.size(); ++i)
+    trace << x[i] << (i + 1 < x.size() ? "; " : ")\n");
+  trace << "\n";
+  trace.flush();
+}
+
+}  // namespace
 
 SimpleItersProblem::SimpleItersProblem(const std::vector<Function>& mapping,
                                        const std::vector<double>& initial,
                                        const double& contraction)
     : phi(mapping), start(initial), q(contraction) {
-  assert(phi.size() == start.size());
-  assert(1e-8 < q && q < 1.0 - 1e-8);
+  NORDIKA_PRECONDITION(phi.size() == start.size(), 21, kSimpleItersProblem);
+  NORDIKA_PRECONDITION(1e-8 < q && q < 1.0 - 1e-8, 22, kSimpleItersProblem);
 }
 
 double SimpleItersProblem::calcPhi(int ind, const std::vector<double>& x) {
   const int n = size();
-  assert(0 <= ind && ind < n);
-  return phi[static_cast<std::size_t>(ind)](x);
+  NORDIKA_PRECONDITION(0 <= ind && ind < n, 27, kCalcPhi);
+  return phi.begin()[ind](x);
 }
 
-void SimpleItersProblem::calcAllPhi(const std::vector<double>& x, std::vector<double>& values) {
-  if (phi.empty()) return;
-  const RoundedPoint point(x);
-  for (std::size_t i = 0; i < phi.size(); ++i) {
-    values[i] = phi[i].at(point);
-  }
+NewtonProblem::NewtonProblem(const std::vector<Function>& functions,
+                             const std::vector<double>& initial,
+                             const std::vector<std::vector<Function>>& derivatives)
+    : f(functions), start(initial), jacobi(derivatives) {
+  NORDIKA_PRECONDITION(f.size() == start.size(), 75, kNewtonProblem);
+  NORDIKA_PRECONDITION(f.size() == jacobi.size(), 76, kNewtonProblem);
+}
+
+double NewtonProblem::calcF(int ind, const std::vector<double>& x) {
+  const int n = size();
+  NORDIKA_PRECONDITION(0 <= ind && ind < n, 81, kCalcF);
+  return f.begin()[ind](x);
+}
+
+double NewtonProblem::calcJacobi(int i, int j, const std::vector<double>& x) {
+  const int n = size();
+  NORDIKA_PRECONDITION(0 <= i && i < n, 87, kCalcJacobi);
+  NORDIKA_PRECONDITION(0 <= j && j < n, 88, kCalcJacobi);
+  std::vector<Function>& row = jacobi.begin()[i];
+  if (std::ssize(row) <= j) throw MatrixWrongDimensions();
+  return row.begin()[j](x);
 }
 
 double vnorm(const std::vector<double>& v) {
@@ -50,11 +97,12 @@ std::vector<double> solve_nonlinear_system_simple_iters(SimpleItersProblem& prob
   const double factor = problem.getQ() / (1.0 - problem.getQ());
   for (int k = 1;; ++k) {
     writeIterationStart(trace, k);
-    problem.calcAllPhi(prev, x);
+    x.clear();
+    for (int i = 0; i < problem.size(); ++i)
+      x.push_back(problem.calcPhi(i, prev));
     const double estimate = factor * vnorm(x - prev);
     writeIterationResult(trace, estimate, x);
-    // A NaN is never below eps: such a run goes on until a function or the
-    // limit ends it.
+    // False for a NaN: such a run ends in a function or at the limit.
     if (eps > estimate) {
       iters = k;
       trace << "Solve nonlinear system with simple iterations method stop (target accuracy "
@@ -66,48 +114,6 @@ std::vector<double> solve_nonlinear_system_simple_iters(SimpleItersProblem& prob
   }
 }
 
-// The rows of the Jacobi matrix are measured where they are used: a problem
-// that is never solved may hold short ones.
-NewtonProblem::NewtonProblem(const std::vector<Function>& functions,
-                             const std::vector<double>& initial,
-                             const std::vector<std::vector<Function>>& derivatives)
-    : f(functions), start(initial), jacobi(derivatives) {
-  assert(f.size() == start.size());
-  assert(f.size() == jacobi.size());
-}
-
-double NewtonProblem::calcF(int ind, const std::vector<double>& x) {
-  const int n = size();
-  assert(0 <= ind && ind < n);
-  return f[static_cast<std::size_t>(ind)](x);
-}
-
-double NewtonProblem::calcJacobi(int i, int j, const std::vector<double>& x) {
-  const int n = size();
-  assert(0 <= i && i < n);
-  assert(0 <= j && j < n);
-  return element(i, j)(x);
-}
-
-void NewtonProblem::calcAll(const std::vector<double>& x, std::vector<double>& negative,
-                            Matrix& J) {
-  if (f.empty()) return;
-  const RoundedPoint point(x);
-  for (std::size_t i = 0; i < f.size(); ++i)
-    negative[i] = -f[i].at(point);
-  for (int i = 0; i < size(); ++i) {
-    for (int j = 0; j < size(); ++j) {
-      J[i][static_cast<std::size_t>(j)] = element(i, j).at(point);
-    }
-  }
-}
-
-Function& NewtonProblem::element(int i, int j) {
-  std::vector<Function>& row = jacobi[static_cast<std::size_t>(i)];
-  if (std::ssize(row) <= j) throw MatrixWrongDimensions();
-  return row[static_cast<std::size_t>(j)];
-}
-
 std::vector<double> solve_nonlinear_system_newton(NewtonProblem& problem, const double& eps,
                                                   int& iters) {
   Trace trace;
@@ -116,10 +122,16 @@ std::vector<double> solve_nonlinear_system_newton(NewtonProblem& problem, const 
   const int n = problem.size();
   std::vector<double> x = problem.getStart();
   Matrix W(n);
-  std::vector<double> r(static_cast<std::size_t>(n));
+  std::vector<double> r;
   for (int k = 1;; ++k) {
     writeIterationStart(trace, k);
-    problem.calcAll(x, r, W);
+    r.clear();
+    for (int i = 0; i < n; ++i)
+      r.push_back(-problem.calcF(i, x));
+    for (int i = 0; i < n; ++i) {
+      for (int j = 0; j < n; ++j)
+        W(i, j) = problem.calcJacobi(i, j, x);
+    }
     const std::vector<double> delta = solveWithLUP(W, r);
     x = x + delta;
     const double estimate = vnorm(delta);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "trace/trace.h"
+#include "nordika/trace.h"
 
 #include <cerrno>
 #include <charconv>
@@ -10,12 +10,14 @@
 #include <unistd.h>
 #include <utility>
 
-#include "trace/fixed_decimals.h"
-#include "trace/six_digits.h"
+#include "number/fixed_decimals.h"
+#include "number/six_digits.h"
+
+namespace nordika {
 
 namespace {
 
-// What has become of the standard error stream, whoever wrote to it.
+// State of the standard error stream, shared by all writers.
 bool hasLost = false;
 bool endsInsideLine = false;
 
@@ -36,7 +38,7 @@ std::size_t writeAll(int file, std::string_view bytes) {
 }  // namespace
 
 Trace::Trace() {
-  pending.reserve(room.size() / 2);
+  pending.reserve(1024);  // the largest block of lines of a window's run
 }
 
 Trace& Trace::operator<<(std::string_view text) {
@@ -51,16 +53,15 @@ Trace& Trace::operator<<(int number) {
 }
 
 Trace& Trace::operator<<(double number) {
-  char text[kSixDigitsLength];
-  pending.append(text, writeSixDigits(text, number));
+  char text[detail::kSixDigitsLength];
+  pending.append(text, detail::writeSixDigits(text, number));
   return *this;
 }
 
 Trace& Trace::cell(double number, int width, int decimals) {
-  char text[kFixedLength + 1];
-  char* const end = writeFixed(text, number, width, decimals);
-  *end = ' ';
-  pending.append(text, end + 1);
+  char room[detail::kFixedLength];
+  pending += detail::writeFixed(room, number, width, decimals);
+  pending += ' ';
   return *this;
 }
 
@@ -80,3 +81,5 @@ void Trace::flush() {
 bool Trace::takeLoss() {
   return std::exchange(hasLost, false);
 }
+
+}  // namespace nordika

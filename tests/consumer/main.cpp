@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 #include <cstdio>
-#include <solver/solver.h>
+#include <nordika/solver.h>
+#include <nordika/version.h>
 
 int main() {
   int k = 0;

@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: MIT
 
 #include <cmath>
+#include <iterator>
 #include <string_view>
 
-#include "matrix/matrix.h"
-#include "trace/trace.h"
+#include "nordika/matrix.h"
+#include "nordika/trace.h"
 
 namespace {
-
-constexpr int kMaxIterations = 100001;
 
 // The system brought to the form x = B·x + beta, and the norm q of B.
 struct FixedPointForm {
@@ -20,14 +19,12 @@ struct FixedPointForm {
 
 FixedPointForm toFixedPoint(const Matrix& A, const std::vector<double>& b) {
   const int n = A.dimension();
-  if (b.size() != static_cast<std::size_t>(n)) throw MatrixWrongDimensions();
+  if (std::ssize(b) != n) throw MatrixWrongDimensions();
   Matrix D(n);
-  for (int i = 0; i < n; ++i) {
-    const auto column = static_cast<std::size_t>(i);
-    D[i][column] = 1 / A[i][column];
-  }
-  // The whole product: (1/a)·a need not be 1, and an infinite 1/a spoils the
-  // rest of its row.
+  for (int i = 0; i < n; ++i)
+    D(i, i) = 1 / A(i, i);
+  // The whole product, as (1/a)·a may differ from 1 and an infinite 1/a makes
+  // NaN of the rest of its row.
   const Matrix B = getIdentityMatrix(n) - D * A;
   return {B, D * b, norm(B)};
 }
@@ -35,13 +32,13 @@ FixedPointForm toFixedPoint(const Matrix& A, const std::vector<double>& b) {
 double upperTriangleNorm(Matrix B) {
   for (int i = 0; i < B.dimension(); ++i) {
     for (int j = 0; j < i; ++j)
-      B[i][static_cast<std::size_t>(j)] = 0;
+      B(i, j) = 0;
   }
   return norm(B);
 }
 
-// The maximum norm, or NaN when an element is: norm() passes over NaN, and a
-// run that has left the numbers would look like one that stands still.
+// The maximum norm, or NaN if an element is NaN. norm() passes over NaN, so a
+// diverged run would look converged.
 double normOrNan(const std::vector<double>& v) {
   for (const double element : v) {
     if (std::isnan(element)) return element;
@@ -49,7 +46,8 @@ double normOrNan(const std::vector<double>& v) {
   return norm(v);
 }
 
-void writeIteration(Trace& trace, int k, const std::vector<double>& x, double estimate) {
+void writeLinearIteration(nordika::Trace& trace, int k, const std::vector<double>& x,
+                          double estimate) {
   trace << "Iteration: " << k << "\nResult: ";
   for (std::size_t i = 0; i < x.size(); ++i)
     trace << x[i] << (i + 1 < x.size() ? " " : "\n");
@@ -57,25 +55,24 @@ void writeIteration(Trace& trace, int k, const std::vector<double>& x, double es
   trace.flush();
 }
 
-// Runs step(x), which replaces an approximation by the next one, from x on
-// until factor times the last change falls below eps.
+// Applies step(x) until factor times the last change of x falls below eps.
 template <typename Step>
 std::vector<double> iterate(std::string_view method, std::vector<double> x, double factor,
                             const double& eps, int& iters, Step step) {
-  Trace trace;
+  nordika::Trace trace;
   trace << method << " start.\n";
   trace.flush();
   for (int k = 1;; ++k) {
     const std::vector<double> previous = x;
     step(x);
     const double estimate = factor * normOrNan(x - previous);
-    writeIteration(trace, k, x, estimate);
+    writeLinearIteration(trace, k, x, estimate);
     if (eps > estimate) {
       iters = k;
       trace << method << " stop (target accuracy achieved).\n\n";
       return x;
     }
-    if (k == kMaxIterations) throw MaxItersCountAchieved();
+    if (k == nordika::kMaxLinearIterations) throw MaxItersCountAchieved();
   }
 }
 
@@ -94,12 +91,7 @@ std::vector<double> solveSiedel(const Matrix& A, const std::vector<double>& b, c
   const FixedPointForm form = toFixedPoint(A, b);
   const double factor = form.q < 1 ? upperTriangleNorm(form.B) / (1 - form.q) : 1;
   return iterate("Seidel method", b, factor, eps, iters, [&form](std::vector<double>& x) {
-    for (std::size_t i = 0; i < x.size(); ++i) {
-      const double* const row = form.B[static_cast<int>(i)].data();
-      double sum = 0;
-      for (std::size_t j = 0; j < x.size(); ++j)
-        sum += row[j] * x[j];
-      x[i] = sum + form.beta[i];
-    }
+    for (int i = 0; i < form.B.dimension(); ++i)
+      x.begin()[i] = dotProduct(form.B[i], x) + form.beta.begin()[i];
   });
 }

@@ -1,31 +1,32 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "expression/expression.h"
-
 #include <algorithm>
+#include <memory>
 #include <optional>
 #include <string_view>
 
-#include "expression/builtins.h"
-#include "expression/number.h"
-#include "trace/six_digits.h"
+#include "expression/builtin_functions.h"
+#include "expression/program.h"
+#include "nordika/expression.h"
+#include "number/read_number.h"
+#include "number/six_digits.h"
+
+using nordika::detail::BuiltinFunction;
+using nordika::detail::extractNumber;
+using nordika::detail::isDigit;
+using nordika::detail::kBuiltinFunctions;
 
 namespace {
 
 constexpr double kPi = 3.141592653589793;
 
-// The text of a std::isspace character of the "C" locale. Assignments take
-// more of them for blanks than expressions do.
+// The blanks of an assignment text. An expression has fewer of them.
 constexpr std::string_view kAssignmentBlanks = " \t\n\v\f\r";
 
 // Letters and digits are ASCII whatever locale is in force.
 bool isLetter(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
-
-bool isDigit(char c) {
-  return c >= '0' && c <= '9';
 }
 
 bool isName(std::string_view s) {
@@ -34,8 +35,8 @@ bool isName(std::string_view s) {
 }
 
 std::string renderNumber(double value) {
-  char text[kSixDigitsLength];
-  return {text, writeSixDigits(text, value)};
+  char text[nordika::detail::kSixDigitsLength];
+  return {text, nordika::detail::writeSixDigits(text, value)};
 }
 
 void skipBlanks(std::string_view& text) {
@@ -62,15 +63,14 @@ Expression::Expression(const std::string& text) {
   check_expression(tokens);
   std::vector<token> converted;
   convert_expression(tokens, converted);
-  postfix = TokenSequence<token>(std::move(converted));
-  program = compile(postfix);
+  program = std::make_shared<nordika::detail::Program>(converted);
+  postfix = nordika::detail::TokenSequence<token>(std::move(converted));
 }
 
 void Expression::initialize() {
   for (const BuiltinFunction& builtin : kBuiltinFunctions)
-    functions.insert(builtin.name);
-  for (const BuiltinOperator& builtin : kBuiltinOperators)
-    operators.insert(builtin.name);
+    functions.emplace(builtin.name);
+  operators.insert({"+", "-", "*", "/", "^"});
   variables["pi"] = kPi;
 }
 
@@ -88,7 +88,7 @@ bool Expression::is_delimiter(char c) const {
     case ')':
       return true;
     default:
-      return operators.contains({&c, 1});
+      return is_operator({c});
   }
 }
 
@@ -100,30 +100,6 @@ Expression::token_t Expression::get_type(const token& t) const {
   if (functions.contains(t.text)) return function;
   if (is_variable(t.text)) return variable;
   throw ExpressionWrongFormat();
-}
-
-int Expression::priority(const token& t) const {
-  if (t.text == "(") return 0;
-  if (t.type == function) return 5;
-  if (t.type == unary_operator) return 3;
-  switch (t.text.empty() ? '\0' : t.text[0]) {
-    case '+':
-    case '-':
-      return 1;
-    case '*':
-    case '/':
-      return 2;
-    case '^':
-      return 4;
-    default:
-      throw ExpressionWrongFormat();
-  }
-}
-
-void Expression::appendName(std::string_view name, std::vector<token>& out) const {
-  token t{std::string(name), undefined};
-  t.type = get_type(t);
-  out.push_back(std::move(t));
 }
 
 void Expression::split(const std::string& text, std::vector<token>& out) {
@@ -139,12 +115,14 @@ void Expression::split(const std::string& text, std::vector<token>& out) {
       const auto end =
           std::find_if(rest.begin(), rest.end(), [this](char d) { return is_delimiter(d); });
       const auto length = static_cast<std::size_t>(end - rest.begin());
-      appendName(rest.substr(0, length), out);
+      token name{std::string(rest.substr(0, length)), undefined};
+      name.type = get_type(name);
+      out.push_back(std::move(name));
       rest.remove_prefix(length);
     } else {
       if (c == '(' || c == ')') {
         out.push_back({{c}, parenthesis});
-      } else if (operators.contains({&c, 1})) {
+      } else if (is_operator({c})) {
         out.push_back({{c}, undefined_operator});
       }
       rest.remove_prefix(1);
@@ -161,6 +139,6 @@ void Expression::set_variables(const std::string& assignments) {
     skipBlanks(rest);
     const std::optional<double> value = extractNumber(rest);
     if (!isName(name) || !value || separator != "=") throw ExpressionWrongFormat();
-    variables[name] = *value;
+    variables[std::string(name)] = *value;
   }
 }

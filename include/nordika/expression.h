@@ -4,29 +4,49 @@
 /// @file
 /// Text compiled into an expression, and its evaluation.
 
-#ifndef NORDIKA_EXPRESSION_EXPRESSION_H
-#define NORDIKA_EXPRESSION_EXPRESSION_H
+#ifndef NORDIKA_EXPRESSION_H
+#define NORDIKA_EXPRESSION_H
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
+#include <memory>
+#include <set>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "expression/errors.h"
-#include "expression/name_set.h"
-#include "expression/program.h"
-#include "expression/token_sequence.h"
-#include "expression/value_map.h"
+#include "nordika/detail/token_sequence.h"
+#include "nordika/detail/value_map.h"
+
+namespace nordika::detail {
+class Program;
+}
+
+/// An expression, a token sequence or an assignment text is malformed, or an
+/// operator or function is not known.
+class ExpressionWrongFormat {};
+
+/// A value is NaN or infinite: the result of an evaluation or an argument.
+class ExpressionBadResult {};
+
+/// A variable has no value at evaluation.
+class ExpressionUnknownVariable {
+ public:
+  /// The fault of the variable of that name.
+  explicit ExpressionUnknownVariable(const std::string& variable) : name(variable) {}
+
+  /// The variable's name.
+  std::string name;
+};
 
 /// A line of text compiled into a checked postfix sequence, and the values of
-/// its variables. The text is split into tokens, the neighbours are checked
-/// against a table, and operator precedence puts the tokens into postfix order
-/// (E. W. Dijkstra's shunting-yard algorithm, MR 34/61, 1961). Nothing here
-/// recurses: nesting may be as deep as memory allows.
+/// its variables. The constructor splits the text into tokens, checks the
+/// neighbours against a table, and puts the tokens into postfix order by
+/// operator precedence (E. W. Dijkstra's shunting-yard algorithm, MR 34/61,
+/// 1961). Nothing here recurses: memory alone limits the depth of parentheses.
 ///
-/// Number literals keep six significant digits. Only ASCII letters and digits
-/// make names.
+/// Number literals keep six significant digits. Names consist of ASCII letters
+/// and digits.
 class Expression {
  public:
   /// The types of tokens. Their order is that of the adjacency table and of
@@ -59,8 +79,8 @@ class Expression {
   /// @throws ExpressionWrongFormat for malformed text
   explicit Expression(const std::string& text);
 
-  /// Fills functions and operators and sets "pi". Calling it again changes
-  /// nothing but the value of "pi", which it sets back.
+  /// Fills functions and operators and sets "pi". A second call only sets "pi"
+  /// back to its value.
   void initialize();
 
   /// Whether s is one of the operators.
@@ -87,15 +107,15 @@ class Expression {
   /// @throws ExpressionWrongFormat for an ill-formed name or number
   void split(const std::string& text, std::vector<token>& out);
 
-  /// Reads groups "name = value", whose three words are separated by blanks, as
-  /// the groups are, and stores the values.
+  /// Reads groups "name = value" and stores the values. Blanks separate the
+  /// groups and the three words of a group.
   /// @throws ExpressionWrongFormat for anything else; the groups before the
   ///   fault stay stored
   void set_variables(const std::string& assignments);
 
   /// Checks the neighbours, the end and the parentheses of a sequence from
-  /// split(). Its first token is not checked: any operator may lead, and what
-  /// it leads to is found at evaluation.
+  /// split(). The first token is not checked. A leading "*", "/" or "^" is
+  /// therefore accepted here and fails in calculate().
   /// @throws ExpressionWrongFormat for a sequence that is not an expression
   void check_expression(const std::vector<token>& tokens) const;
 
@@ -111,16 +131,16 @@ class Expression {
   void convert_expression(std::vector<token>& tokens, std::vector<token>& out) const;
 
   /// Evaluates a postfix sequence with the values in `variables`. Only the
-  /// last value is checked: infinities and NaN may occur on the way. Of several
-  /// faults the first one in the order of the sequence is thrown.
+  /// final value is checked; intermediate values may be infinite or NaN. Of
+  /// several faults the first one in the order of the sequence is thrown.
   /// @throws ExpressionUnknownVariable for a variable without a value
   /// @throws ExpressionWrongFormat for an unknown operator or function and for
   ///   a sequence that does not leave one value
   /// @throws ExpressionBadResult for a value that is NaN or infinite
   double calculate(const std::vector<token>& sequence) const;
 
-  /// set_variables(), then calculate() of the compiled text; throws what these
-  /// throw. The values stay for later calls.
+  /// Calls set_variables() and evaluates the compiled text. Throws as
+  /// set_variables() and calculate() do. The values stay for later calls.
   double eval(const std::string& assignments);
 
   /// op x, for op "+" or "-".
@@ -135,52 +155,48 @@ class Expression {
   /// @throws ExpressionWrongFormat for an unknown name
   double apply_function(const std::string& name, double x) const;
 
-  NameSet functions;             ///< the names of the built-in functions
-  NameSet operators;             ///< the operators, one character each
-  ValueMap variables;            ///< "pi" and every value set since
-  TokenSequence<token> postfix;  ///< the compiled text
+  std::set<std::string> functions;                ///< the names of the built-in functions
+  std::set<std::string> operators;                ///< the operators, one character each
+  nordika::detail::ValueMap variables;            ///< "pi" and every value set since
+  nordika::detail::TokenSequence<token> postfix;  ///< the compiled text
 
  protected:
-  /// Binds x1, x2, ... to n values and evaluates: what eval() does with the
-  /// text "x1 = ... x2 = ...", without the text. The values are finite and have
-  /// six significant digits. Throws what calculate() throws.
-  double evaluateAt(const double* rounded, std::size_t n);
-
-  /// The same at n values that may be anything and are rounded to six
-  /// significant digits on the way. Throws what calculate() throws.
-  /// @throws ExpressionBadResult before any is bound, if one is NaN or infinite
-  double evaluateRounding(const double* x, std::size_t n);
+  /// Rounds the n elements of x to six significant digits, binds them to the
+  /// names x1 .. xn and evaluates: eval() of the text "x1 = ... xn = ...",
+  /// without the text. Throws as calculate() does.
+  /// @pre all elements are finite
+  double evaluateAt(const std::vector<double>& x);
 
  private:
-  // Where the values of this object's variables lie; of no use to a copy.
+  // Addresses of values in this object's `variables`. A copy starts without, and
+  // an object that was moved from loses them.
   struct Binding {
     Binding() = default;
     Binding(const Binding& /*other*/) noexcept {}
-    Binding& operator=(const Binding& /*other*/) noexcept {
-      clear();
-      return *this;
+    Binding(Binding&& other) noexcept { other.clear(); }
+    Binding& operator=(const Binding& /*other*/) noexcept { return clear(); }
+    Binding& operator=(Binding&& other) noexcept {
+      other.clear();
+      return clear();
     }
     ~Binding() = default;
 
-    void clear() noexcept {
+    Binding& clear() noexcept {
       arguments.clear();
-      ready = 0;
+      operands.clear();
+      return *this;
     }
 
-    std::vector<double*> arguments;
-    LinkedProgram linked;
-    std::size_t ready = 0;  // calls of fewer arguments than this may run
-    std::uint64_t generation = 0;
+    std::vector<double*> arguments;       // of x1, x2, ...
+    std::vector<const double*> operands;  // of the program; empty: not located yet
+    std::vector<double> stack;
+    std::uint64_t version = 0;  // of `variables`
   };
 
-  static Program compile(const std::vector<token>& sequence);
-  void appendName(std::string_view name, std::vector<token>& out) const;
-  void bindArguments(std::size_t count);
-  void linkProgram();
-  [[gnu::cold]] double evaluateAnew(const double* x, std::size_t n);
-  bool isReadyFor(std::size_t n) const;
+  void bindArguments(std::size_t n);
+  void locateOperands();
 
-  Program program;
+  std::shared_ptr<const nordika::detail::Program> program;  // shared by all copies
   Binding binding;
 };
 

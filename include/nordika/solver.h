@@ -4,13 +4,21 @@
 /// @file
 /// Systems of nonlinear equations and the two methods that solve them.
 
-#ifndef NORDIKA_SOLVER_SOLVER_H
-#define NORDIKA_SOLVER_SOLVER_H
+#ifndef NORDIKA_SOLVER_H
+#define NORDIKA_SOLVER_H
 
 #include <vector>
 
-#include "expression/functions.h"
-#include "matrix/matrix.h"
+#include "nordika/functions.h"
+#include "nordika/matrix.h"
+
+namespace nordika {
+
+/// The number of iterations that both methods compute at most. The accuracy is
+/// tested before the limit, so the last one may still succeed.
+inline constexpr int kMaxIterations = 100000;
+
+}  // namespace nordika
 
 /// A system of n equations in the form x = φ(x), with the constant q by which
 /// φ contracts distances and the initial approximation. Owns copies of all it
@@ -31,10 +39,6 @@ class SimpleItersProblem {
   /// φ of index ind, counted from 0, at x; what the Function throws passes through.
   /// @pre 0 <= ind < n; asserted in every build
   double calcPhi(int ind, const std::vector<double>& x);
-
-  /// All of φ at x, in the order of the indices, into `values`, of length n.
-  /// What a Function throws passes through; the values before it are written.
-  void calcAllPhi(const std::vector<double>& x, std::vector<double>& values);
 
   /// The initial approximation, of length n.
   const std::vector<double>& getStart() const { return start; }
@@ -63,7 +67,7 @@ class NewtonProblem {
   /// @param initial the initial approximation, of length n
   /// @param derivatives n rows of n functions, ∂fi/∂xj in row i, column j
   /// @pre the three lengths agree; asserted in every build. The lengths of the
-  ///   rows are not looked at before they are used.
+  ///   rows are checked in calcJacobi().
   NewtonProblem(const std::vector<Function>& functions, const std::vector<double>& initial,
                 const std::vector<std::vector<Function>>& derivatives);
 
@@ -76,12 +80,6 @@ class NewtonProblem {
   /// @throws MatrixWrongDimensions where row i has no element j
   double calcJacobi(int i, int j, const std::vector<double>& x);
 
-  /// All of -f at x into `negative`, of length n, then the Jacobi matrix, row
-  /// by row, into J, n × n. What a Function throws passes through; the values
-  /// before it are written.
-  /// @throws MatrixWrongDimensions where a row is too short
-  void calcAll(const std::vector<double>& x, std::vector<double>& negative, Matrix& J);
-
   /// The initial approximation, of length n.
   const std::vector<double>& getStart() const { return start; }
 
@@ -89,8 +87,6 @@ class NewtonProblem {
   int size() const { return static_cast<int>(f.size()); }
 
  private:
-  Function& element(int i, int j);
-
   std::vector<Function> f;
   std::vector<double> start;
   std::vector<std::vector<Function>> jacobi;

@@ -4,12 +4,21 @@
 /// @file
 /// Square matrices, vectors and the methods of linear algebra.
 
-#ifndef NORDIKA_MATRIX_MATRIX_H
-#define NORDIKA_MATRIX_MATRIX_H
+#ifndef NORDIKA_MATRIX_H
+#define NORDIKA_MATRIX_H
 
 #include <complex>
 #include <cstddef>
 #include <vector>
+
+namespace nordika {
+
+/// The number of iterations that the iterative methods for linear systems and
+/// for eigenvalues compute at most. The accuracy is tested before the limit, so
+/// the last one may still succeed.
+inline constexpr int kMaxLinearIterations = 100001;
+
+}  // namespace nordika
 
 /// Two vectors of different lengths were given to a product of vectors.
 class VectorWrongDimensions {};
@@ -30,8 +39,8 @@ class MatrixIsNotTridiagonal {};
 /// Two elements opposite each other differ by more than 1e-5.
 class MatrixIsNotSymmetrical {};
 
-/// An iterative method has used up its iterations without reaching the
-/// accuracy asked for. The nonlinear solvers throw it too.
+/// An iterative method has not reached the accuracy within its limit of
+/// iterations. The nonlinear solvers throw it too.
 class MaxItersCountAchieved {};
 
 /// A square n × n matrix of doubles, held by rows; indices count from 0.
@@ -56,6 +65,12 @@ class Matrix {
     if (i < 0 || i >= dimension()) throw MatrixIndexOutOfBound();
     return rows[static_cast<std::size_t>(i)];
   }
+
+  /// Element j of row i; only i is checked.
+  /// @throws MatrixIndexOutOfBound for i outside 0 .. n-1
+  double& operator()(int i, int j) { return (*this)[i].begin()[j]; }
+  /// @copydoc operator()(int, int)
+  double operator()(int i, int j) const { return (*this)[i].begin()[j]; }
 
   /// The number n of rows and of columns.
   int dimension() const { return static_cast<int>(rows.size()); }

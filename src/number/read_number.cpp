@@ -1,26 +1,24 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "expression/number.h"
+#include "number/read_number.h"
 
 #include <charconv>
 #include <cstdio>
 #include <locale>
 #include <sstream>
 
+namespace nordika::detail {
+
 namespace {
 
 constexpr std::size_t kLongestNumberText = 50;
-
-bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 bool isSign(char c) {
   return c == '+' || c == '-';
 }
 
-// How many characters the extraction takes before it judges them.
+// The number of characters that the extraction takes before it judges them.
 std::size_t numberLength(std::string_view text) {
   std::size_t i = !text.empty() && isSign(text[0]) ? 1 : 0;
   bool digits = false;
@@ -42,8 +40,8 @@ std::size_t numberLength(std::string_view text) {
   return i;
 }
 
-// What std::from_chars refuses or only partly reads: overflow and underflow,
-// which it does not tell apart, and malformed numbers.
+// For texts that std::from_chars refuses or reads in part: malformed ones,
+// overflow and underflow. Its result does not distinguish the last two.
 std::optional<double> extractFromStream(std::string_view text) {
   std::istringstream stream{std::string(text)};
   stream.imbue(std::locale::classic());
@@ -72,9 +70,11 @@ double numberValue(const std::string& text) {
     const auto [stop, error] = std::from_chars(text.data(), end, value);
     if (error == std::errc() && stop == end) return value;
   }
-  // Blanks, signs, hexadecimal digits and trailing characters, which only a
-  // token made by hand can hold.
+  // Only a token made by hand holds blanks, signs, hexadecimal digits or
+  // trailing characters.
   value = 0;
   if (std::sscanf(text.c_str(), "%50lg", &value) != 1) return 0;
   return value;
 }
+
+}  // namespace nordika::detail

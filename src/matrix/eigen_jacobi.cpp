@@ -1,33 +1,35 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "matrix/finite.h"
-#include "matrix/matrix.h"
 #include "matrix/matrix_trace.h"
-#include "trace/trace.h"
+#include "nordika/matrix.h"
+#include "nordika/trace.h"
+
+using nordika::Trace;
+using nordika::detail::isFinite;
+using nordika::detail::kEigenElements;
+using nordika::detail::writeMatrix;
 
 namespace {
-
-constexpr int kMaxIterations = 100001;
 
 struct Pivot {
   int p = -1;
   int q = -1;
 };
 
-// The first off-diagonal element of largest magnitude by rows. Both halves are
-// searched, since they may differ a little; NaN is never chosen.
+// The first off-diagonal element of largest magnitude by rows, never a NaN. Both
+// halves are searched, as they may differ a little.
 Pivot findPivot(const Matrix& M) {
   Pivot pivot;
   double best = -1;
   for (int i = 0; i < M.dimension(); ++i) {
-    const double* const row = M[i].data();
     for (int j = 0; j < M.dimension(); ++j) {
-      if (j != i && std::abs(row[j]) > best) {
-        best = std::abs(row[j]);
+      if (j != i && std::abs(M(i, j)) > best) {
+        best = std::abs(M(i, j));
         pivot = {i, j};
       }
     }
@@ -55,10 +57,8 @@ class Rotation {
       M = asMatrix(M.dimension()).transposed() * M;
       return;
     }
-    std::vector<double>& rowP = M[p];
-    std::vector<double>& rowQ = M[q];
-    for (std::size_t j = 0; j < rowP.size(); ++j)
-      rotate(rowP[j], rowQ[j]);
+    for (int j = 0; j < M.dimension(); ++j)
+      rotate(M(p, j), M(q, j));
   }
 
   // M = M·U, where M holds no -0.
@@ -67,10 +67,8 @@ class Rotation {
       M = M * asMatrix(M.dimension());
       return;
     }
-    for (int i = 0; i < M.dimension(); ++i) {
-      std::vector<double>& row = M[i];
-      rotate(row[static_cast<std::size_t>(p)], row[static_cast<std::size_t>(q)]);
-    }
+    for (int i = 0; i < M.dimension(); ++i)
+      rotate(M(i, p), M(i, q));
   }
 
  private:
@@ -82,12 +80,9 @@ class Rotation {
 
   Matrix asMatrix(int n) const {
     Matrix U = getIdentityMatrix(n);
-    const auto columnP = static_cast<std::size_t>(p);
-    const auto columnQ = static_cast<std::size_t>(q);
-    U[p][columnP] = c;
-    U[q][columnQ] = c;
-    U[q][columnP] = s;
-    U[p][columnQ] = -s;
+    U(p, p) = U(q, q) = c;
+    U(q, p) = s;
+    U(p, q) = -s;
     return U;
   }
 
@@ -98,12 +93,11 @@ class Rotation {
 };
 
 double rotationAngle(const Matrix& M, Pivot pivot) {
-  const auto p = static_cast<std::size_t>(pivot.p);
-  const auto q = static_cast<std::size_t>(pivot.q);
-  return std::atan(2 * M[pivot.p][q] / (M[pivot.p][p] - M[pivot.q][q])) / 2;
+  const auto [p, q] = pivot;
+  return std::atan(2 * M(p, q) / (M(p, p) - M(q, q))) / 2;
 }
 
-void writeIteration(Trace& trace, int k, double angle, double estimate, const Matrix& M) {
+void writeRotation(Trace& trace, int k, double angle, double estimate, const Matrix& M) {
   trace << "Iteration: " << k << "\nAngle: " << angle << "\nEpsilon: " << estimate << "\n";
   writeMatrix(trace, "Matrix:", M, kEigenElements);
   trace << "\n";
@@ -126,9 +120,9 @@ int diagonalise(Trace& trace, Matrix& M, Matrix& V, const double& eps) {
     rotation.applyToColumns(M);
     rotation.applyToColumns(V);
     const double estimate = off(M);
-    writeIteration(trace, k, angle, estimate, M);
+    writeRotation(trace, k, angle, estimate, M);
     if (eps > estimate) return k;
-    if (k == kMaxIterations) throw MaxItersCountAchieved();
+    if (k == nordika::kMaxLinearIterations) throw MaxItersCountAchieved();
   }
 }
 
@@ -140,13 +134,13 @@ void getEigenvaluesWithJacobi(const Matrix& A, const double& eps, std::vector<do
   trace << "Jacobi method start.\n";
   trace.flush();
   if (!A.isSymmetrical()) throw MatrixIsNotSymmetrical();
-  // In this order: `eigenvectors` may be the matrix A itself.
+  // `eigenvectors` may be A itself: the identity is then what is diagonalised.
   const int n = A.dimension();
   eigenvectors = getIdentityMatrix(n);
-  Matrix M = A * 1.0;  // n elements of each row, whatever it holds beyond them
+  Matrix M = A * 1.0;  // n elements of each row, even if a row of A is longer
   iters = diagonalise(trace, M, eigenvectors, eps);
   trace << "Jacobi method stop (target accuracy achieved).\n\n";
   eigenvalues.resize(static_cast<std::size_t>(n));
   for (int i = 0; i < n; ++i)
-    eigenvalues[static_cast<std::size_t>(i)] = M[i][static_cast<std::size_t>(i)];
+    eigenvalues.begin()[i] = M(i, i);
 }

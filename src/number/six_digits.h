@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#ifndef NORDIKA_NUMBER_SIX_DIGITS_H
+#define NORDIKA_NUMBER_SIX_DIGITS_H
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+
+#include "number/powers_of_ten.h"
+
+// A number of six significant digits is m·10^(e-5), with integers m and e and
+// 100000 <= m <= 999999. For 1e-16 <= |x| < 1e22 the powers of ten that occur
+// are doubles. Then one multiplication or division by a power, correctly
+// rounded, leads from x to m, and one leads back from m to the nearest double.
+// Fast readers of numbers rely on the same fact (W. D. Clinger, How to read
+// floating point numbers accurately, 1990). Other numbers go through text.
+
+namespace nordika::detail {
+
+/// The room that writeSixDigits() needs; its longest text is "-1.23457e-308".
+inline constexpr int kSixDigitsLength = 13;
+
+/// Writes x as the C conversion "%g" does in the "C" locale: six significant
+/// digits, exponent notation below 1e-4 and from 1e6 on, no trailing zeros.
+/// @param out room for kSixDigitsLength characters; no terminator is written
+/// @return the place after the last character
+char* writeSixDigits(char* out, double x);
+
+/// Whether powers of ten that are doubles suffice for an a >= 0.
+inline bool isOrdinary(double a) {
+  return a >= 1e-16 && a < 1e22;
+}
+
+/// The largest e with 10^e <= a, for an ordinary a. Where the double nearest to
+/// 10^e is below 10^e and a equals it, e is one too large; the six digits of a
+/// are 100000 all the same.
+inline int decimalExponent(double a) {
+  const int binary = static_cast<int>(std::bit_cast<std::uint64_t>(a) >> 52) - 1023;
+  const int e = (binary * 78913) >> 18;  // floor(binary·log10(2))
+  return e + (a >= powerOfTen(e + 1) ? 1 : 0);
+}
+
+/// roundToSixDigits() by way of text.
+double roundThroughText(double x);
+
+/// The double nearest to the text that writeSixDigits() makes of x. The sign of
+/// zero stays; infinities and NaN are returned as they are.
+inline double roundToSixDigits(double x) {
+  const double a = std::abs(x);
+  if (!isOrdinary(a)) [[unlikely]]
+    return roundThroughText(x);
+  const int k = 5 - decimalExponent(a);
+  if (k >= 0) [[likely]]
+    return nearestToProduct(x, k) / powerOfTen(k);
+  return nearestToQuotient(x, -k) * powerOfTen(-k);
+}
+
+}  // namespace nordika::detail
+
+#endif

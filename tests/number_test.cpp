@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <limits>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "number/fixed_decimals.h"
+#include "number/read_number.h"
+#include "number/six_digits.h"
+
+namespace {
+
+using nordika::detail::extractNumber;
+using nordika::detail::roundToSixDigits;
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+std::string printed(const char* format, double x) {
+  char text[512];
+  std::snprintf(text, sizeof text, format, x);
+  return text;
+}
+
+std::string sixDigits(double x) {
+  char text[nordika::detail::kSixDigitsLength];
+  return {text, nordika::detail::writeSixDigits(text, x)};
+}
+
+std::string fixedDecimals(double x, int width, int decimals) {
+  char room[nordika::detail::kFixedLength];
+  return std::string(nordika::detail::writeFixed(room, x, width, decimals));
+}
+
+// Values of every magnitude; ties of the seventh digit and of the third and sixth
+// decimal, exact and not, with their neighbours; powers of ten and the limits
+// between the ways to round.
+std::vector<double> tellingValues(unsigned seed) {
+  std::mt19937_64 random(seed);
+  std::vector<double> values = {0.0,   4.9e-324, std::numeric_limits<double>::min(),
+                                1e300, 1e9,      std::numeric_limits<double>::max()};
+  const auto addWithNeighbours = [&values](double x) {
+    values.insert(values.end(), {x, std::nextafter(x, 0), std::nextafter(x, kInfinity)});
+  };
+  for (int exponent = -20; exponent < 25; ++exponent)
+    addWithNeighbours(std::strtod(("1e" + std::to_string(exponent)).c_str(), nullptr));
+  for (int i = 0; i < 30000; ++i) {
+    const auto any = std::bit_cast<double>(random());
+    if (std::isfinite(any)) values.push_back(any);
+    const auto digits = static_cast<double>(100000 + random() % 900000);
+    const int exponent = static_cast<int>(random() % 44) - 22;
+    addWithNeighbours((digits + 0.5) * std::pow(10.0, exponent));
+    addWithNeighbours((digits + 0.5) / std::pow(10.0, exponent));
+    addWithNeighbours(std::ldexp(digits, -static_cast<int>(random() % 24)));
+    values.push_back(std::strtod(printed("%.6e", any).c_str(), nullptr));
+  }
+  return values;
+}
+
+// script/soak runs it with many rounds.
+TEST(Numbers, AreWrittenAndRoundedAsTheCConversionsDoIt) {
+  const char* const rounds = std::getenv("NORDIKA_ROUNDS");
+  for (int round = rounds == nullptr ? 1 : std::atoi(rounds); round > 0; --round) {
+    for (const double magnitude : tellingValues(static_cast<unsigned>(round))) {
+      for (const double x : {magnitude, -magnitude}) {
+        const std::string expected = printed("%g", x);
+        ASSERT_EQ(sixDigits(x), expected);
+        ASSERT_EQ(std::bit_cast<std::uint64_t>(roundToSixDigits(x)),
+                  std::bit_cast<std::uint64_t>(std::strtod(expected.c_str(), nullptr)))
+            << expected;
+        ASSERT_EQ(fixedDecimals(x, 7, 3), printed("%7.3f", x));
+        ASSERT_EQ(fixedDecimals(x, 10, 6), printed("%10.6f", x));
+      }
+    }
+  }
+  for (const double x : {kInfinity, -kInfinity, std::abs(std::nan(""))}) {
+    EXPECT_EQ(sixDigits(x), printed("%g", x));
+    EXPECT_EQ(fixedDecimals(x, 7, 3), printed("%7.3f", x));
+  }
+}
+
+// Every string over the characters that matter, against the library itself.
+TEST(Number, IsReadAsTheStandardExtractionReadsIt) {
+  const std::string alphabet = "01.eE+-x";
+  std::vector<std::string> texts = {"1e308",
+                                    "2e308",
+                                    "-2e308",
+                                    "1e-320",
+                                    "1e-5000",
+                                    "1e99999999999",
+                                    "0e99999999999",
+                                    "179769313486231580793e289",
+                                    "4.9e-324",
+                                    "2.4703282292062327e-324",
+                                    "9007199254740993",
+                                    "123456789012345678901234567890.5e-10"};
+  for (std::size_t first = 0, length = 0; length < 7; ++length) {
+    const std::size_t end = texts.size();
+    if (length == 0) {
+      texts.emplace_back();
+      first = end;
+      continue;
+    }
+    for (std::size_t i = first; i < end; ++i) {
+      for (const char c : alphabet)
+        texts.push_back(texts[i] + c);
+    }
+    first = end;
+  }
+  for (const std::string& text : texts) {
+    std::istringstream stream(text);
+    double expected = 0;
+    stream >> expected;
+    std::string_view rest = text;
+    const auto value = extractNumber(rest);
+    ASSERT_EQ(value.has_value(), !stream.fail()) << text;
+    if (!value) continue;
+    ASSERT_EQ(*value, expected) << text;
+    ASSERT_EQ(std::signbit(*value), std::signbit(expected)) << text;
+    stream.clear();
+    ASSERT_EQ(rest, std::string(std::istreambuf_iterator<char>(stream), {})) << text;
+  }
+}
+
+}  // namespace
