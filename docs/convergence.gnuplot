@@ -1,24 +1,26 @@
 # SPDX-FileCopyrightText: 2026 the Nordika authors
 # SPDX-License-Identifier: MIT
 #
-# Draws the error estimates of a run log (its lines "Epsilon: ") against the
-# number of the iteration, one curve for every run:
+# Plots the error estimates of a run log (its lines "Epsilon: ") against the
+# iteration number, one curve per run:
 #
 #   gnuplot -e "log='log-Sun-Nov-15-16-25-52-2026.txt'" docs/convergence.gnuplot
 #
-# What may be set, parted by semicolons as in -e "log='a.txt b.txt'; run=-1":
-#   log      a file, or several parted by blanks, whose runs are counted through
-#   run      draw this one only, counted from 1; from the end: -1 is the last
-#   eps      the accuracy that was asked for, drawn as a line
-#   picture  the file to write, convergence.png unless told otherwise
+# Variables, separated by semicolons as in -e "log='a.txt b.txt'; run=-1":
+#   log      one file, or several separated by blanks; their runs are numbered
+#            consecutively
+#   run      plot only this run, counted from 1; negative numbers count from the
+#            end: -1 is the last run
+#   eps      the required accuracy, drawn as a line
+#   picture  the output file, by default convergence.png
 
 if (!exists("log")) { print "no log given: -e \"log='FILE'\""; exit status 1 }
 if (!exists("run")) run = 0
 if (!exists("picture")) picture = "convergence.png"
 
-# Becomes a data block $runs, with a part for every run that has anything to
-# draw: its title, then lines of iteration and estimate. A logarithm has no
-# place for an estimate of 0, nor the axis for an infinite one.
+# Creates the data block $runs with one part per run that has estimates: its
+# title, then lines of iteration and estimate. Estimates of 0 or infinity are
+# skipped: they cannot be shown on a logarithmic axis.
 load sprintf("<awk -v run=%d '", run).'\
   / method start\.$/ { title[++count] = /Newton/ ? "метод Ньютона" : "метод простых итераций" } \
   /^Iteration: / { iteration = $2 } \
