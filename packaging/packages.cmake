@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 the Nordika authors
 # SPDX-License-Identifier: MIT
 
-# cpack -G DEB: the program, and the library for other programs.
+# Two packages for cpack -G DEB: the program, and the library for other programs.
 set(CPACK_PACKAGE_NAME nordika)
 set(CPACK_PACKAGE_VENDOR "The Nordika authors")
 set(CPACK_PACKAGE_CONTACT "The Nordika authors <nordika@users.noreply.github.com>")
@@ -24,8 +24,8 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME nordika)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SHLIBDEPS ON)
-# The first family with which every text fits the form, and the X11 plugin,
-# which nothing links.
+# Liberation Sans is the first fallback of Widget::fitFont(): with it every text
+# fits the form. The X11 plugin is not linked, so that SHLIBDEPS does not find it.
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS "fonts-liberation2 | fonts-liberation")
 find_package(QT NAMES ${NORDIKA_QT_NAMES} QUIET)
 if(QT_VERSION_MAJOR EQUAL 6)
@@ -33,8 +33,8 @@ if(QT_VERSION_MAJOR EQUAL 6)
 endif()
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS xdg-user-dirs)
 set(CPACK_DEBIAN_PROGRAM_DESCRIPTION
-"Nordika solves a system of one to four nonlinear equations, typed as text, by
-the method of simple iterations or by Newton's method, and writes each
+"Nordika solves a system of one to four nonlinear equations, typed as text. It
+uses the method of simple iterations or Newton's method. It writes each
 iteration to a run log. It is made for students and teachers of numerical
 methods. The window is in Russian.")
 
@@ -42,10 +42,10 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libnordika-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "libstdc++-12-dev | libstdc++-dev")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
-"This package holds what other programs need to use the numerics of Nordika: the
+"This package contains the numerics of Nordika as a static C++20 library, with
+headers, a CMake package and a pkg-config file. The library has three parts: the
 expression engine, the solvers of nonlinear systems (simple iterations and
-Newton's method) and the square matrices of Nordika (LUP, inverse, QR,
-eigenvalues, linear systems) as a static C++20 library with its headers, a
-CMake package and a pkg-config file.")
+Newton's method), and square matrices (LUP, inverse, QR, eigenvalues, linear
+systems).")
 
 include(CPack)
