@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-// A form of as many widgets of the same kinds as the window has, and nothing
-// else: what the toolkit itself needs to start.
+// A form with as many widgets of the same kinds as the window of nordika. It
+// measures the start of Qt itself.
 
 #include <QApplication>
 #include <QDoubleSpinBox>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-// click_to_answer simple|newton: the milliseconds from the press on the button to
-// the box that says that 100000 iterations were not enough, n = 4; the median
-// of five runs. The run log goes to the current directory.
+// click_to_answer simple|newton: prints the milliseconds from the click on the
+// button to the box that reports the limit of 100000 iterations, for n = 4. The
+// figure is the median of five runs. The run log goes to the current directory.
 
 #include <algorithm>
 #include <chrono>
@@ -18,7 +18,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Systems without a solution: steps that never end, each in an unknown of its own.
+// Enters a system without a solution, so that every run reaches the limit. Each
+// equation has one unknown, its own.
 void fill(const Widget& window, bool newton) {
   window.findChild<QSpinBox*>("n")->setValue(4);
   window.findChild<QRadioButton*>(newton ? "checkNewton" : "checkSimpleIters")->click();

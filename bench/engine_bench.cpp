@@ -14,10 +14,10 @@
 
 namespace {
 
-// How many arguments each expression has.
+// The number of arguments of each expression of kTexts.
 constexpr std::size_t kArguments[] = {2, 2, 3, 4};
 
-// Arguments as an iteration sees them: seldom round, never twice the same.
+// Arguments like those of an iteration: rarely round, all different.
 std::vector<std::vector<double>> points() {
   std::vector<std::vector<double>> all;
   for (int i = 0; i < 256; ++i) {
@@ -88,7 +88,7 @@ void compileMuParser(benchmark::State& state) {
   }
 }
 
-// Values of an iteration, and exact decimal ties of the seventh digit.
+// Values like those of an iteration, or exact decimal ties in the seventh digit.
 std::vector<double> values(bool ties) {
   std::vector<double> all;
   for (int i = 0; i < 4096; ++i) {

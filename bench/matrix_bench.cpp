@@ -61,7 +61,7 @@ void lupOurs(benchmark::State& state) {
   }
 }
 
-// The textbook's three loops, into matrices made for each decomposition.
+// The three loops of the textbook. Each decomposition allocates its matrices.
 void lupPlain(benchmark::State& state) {
   const Matrix a = randomMatrix(static_cast<int>(state.range(0)));
   const int n = a.dimension();
@@ -100,7 +100,7 @@ void lupEigen(benchmark::State& state) {
 
 constexpr double kAccuracy = 1e-8;
 
-// While it lives, the trace goes nowhere.
+// Redirects the trace to /dev/null during its lifetime.
 class NoTrace {
  public:
   NoTrace() : saved(dup(STDERR_FILENO)) {
@@ -148,7 +148,8 @@ Matrix plainProduct(const Matrix& a, const Matrix& b) {
   return product;
 }
 
-// The method as it is described, with whole products and rows by fprintf.
+// The textbook form of the method: whole matrix products, and rows written by
+// fprintf.
 void jacobiPlain(benchmark::State& state) {
   const NoTrace noTrace;
   const int n = static_cast<int>(state.range(0));

@@ -18,7 +18,8 @@
 
 namespace {
 
-// While it lives, the standard error stream goes to a file, as in the program.
+// Redirects the standard error stream to a file during its lifetime, as nordika
+// does.
 class LogFile {
  public:
   LogFile() : saved(dup(STDERR_FILENO)) {
@@ -80,7 +81,7 @@ NewtonProblem newtonProblem(const std::vector<std::string>& f,
   return {compiled(f), std::vector<double>(f.size(), 1.25), rows};
 }
 
-// An accuracy of 0 is never met: every run goes to the limit.
+// An accuracy of 0 is never reached, so every run stops at the limit.
 template <typename Solve, typename Problem>
 void runToLimit(Solve solve, Problem& problem) {
   int iters = 0;
@@ -115,7 +116,7 @@ void newtonIterations(benchmark::State& state) {
   perIteration(state);
 }
 
-// The bytes of the whole trace, written again at the same flush points.
+// Writes the bytes of the whole trace, with the same flush points.
 void merelyWrite(benchmark::State& state) {
   const LogFile log;
   const bool newton = state.range(0) != 0;
@@ -127,7 +128,7 @@ void merelyWrite(benchmark::State& state) {
     runToLimit(solve_nonlinear_system_simple_iters, problem);
   }
   const std::string text = log.text();
-  // A write begins with each of these lines.
+  // Each of these lines begins a new write.
   std::vector<std::size_t> ends;
   for (std::size_t at = text.find('\n') + 1; at < text.size(); at = text.find('\n', at) + 1) {
     for (const char* const line :
@@ -160,7 +161,7 @@ void solveOurs(benchmark::State& state) {
   }
 }
 
-// The same system with parsed functions and a library's Newton iteration.
+// The same system with muParser functions and the Newton iteration of GSL.
 struct ParsedSystem {
   double x[4] = {};
   double a = 0.75;

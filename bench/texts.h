@@ -8,8 +8,8 @@
 
 #include "number/six_digits.h"
 
-/// The expressions that are measured, and the same by hand: arguments rounded
-/// as the engine rounds them, pow for ^.
+/// The measured expressions. byHand() computes the same: it rounds its arguments
+/// as the engine does and uses pow for ^.
 inline constexpr const char* kTexts[] = {
     "sin(x1)^2+a*x2-1",
     "x1^2+x2^2-4",
@@ -19,7 +19,8 @@ inline constexpr const char* kTexts[] = {
     "(x2-x3)^2/(2+cos(x4)^2)+0.25*x1-0.75*x2+1.5*x3-2.5*x4",
 };
 
-/// The exponent of every square; a compiler that knows it calls no pow.
+/// The exponent of every square. It is volatile so that the compiler does not
+/// replace pow.
 inline volatile double two = 2;
 
 using nordika::detail::roundToSixDigits;

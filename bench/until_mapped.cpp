@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // until_mapped COMMAND [ARGUMENT ...]: starts a program, prints the milliseconds
-// from its exec to the first window that it maps, and ends it.
+// from its exec to its first mapped window, and kills it.
 
 #include <X11/Xlib.h>
 #include <chrono>

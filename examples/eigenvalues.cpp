@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-// The eigenvalues of the symmetrical matrix
+// Computes the eigenvalues of the symmetric matrix
 //
 //    2 -1  0
 //   -1  2 -1
 //    0 -1  2
 //
-// which are 2 - √2, 2 and 2 + √2, by the Jacobi method and by QR iterations.
-// The iterations go to the standard error stream.
+// by the Jacobi method and by QR iterations. They are 2 - √2, 2 and 2 + √2. The
+// iterations go to the standard error stream.
 
 #include <complex>
 #include <iostream>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-// Where the circle x1² + x2² = a meets the parabola x2 = x1², by Newton's
-// method from functions given as text. The iterations go to the standard error
-// stream, the solution to the standard output.
+// Finds an intersection of the circle x1² + x2² = a and the parabola x2 = x1² by
+// Newton's method. The functions are given as text. The iterations go to the
+// standard error stream, the solution to the standard output.
 
 #include <cstdlib>
 #include <iostream>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-// Up to three arguments, eight bytes each, then the text of a function: its
-// call must give the bits of the evaluation of the assignment text.
+// The input is up to three arguments of eight bytes each, then the text of a
+// function. The call of the function and eval() must have the same outcome.
 
 #include <cstdio>
 #include <cstdlib>

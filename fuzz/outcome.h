@@ -10,8 +10,8 @@
 
 #include "nordika/expression.h"
 
-/// How an action that gives a number ends: with its bits or in a named
-/// exception. Any other exception ends the process.
+/// Runs an action that returns a number. Returns the bits of the number or the
+/// name of an exception. Any other exception ends the process.
 template <typename Action>
 std::string outcomeOf(Action action) {
   try {
