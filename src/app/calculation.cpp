@@ -32,7 +32,7 @@ void showError(const QString& text) {
   QMessageBox::information(nullptr, messages::kErrorTitle, text, QMessageBox::Ok);
 }
 
-// Writes the error line and shows the box; either may have a detail at its end.
+// Writes the error line and shows the box. The details follow their texts.
 void report(const messages::Failure& failure, const std::string& loggedDetail = {},
             const QString& shownDetail = {}) {
   nordika::Trace trace;

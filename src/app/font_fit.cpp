@@ -56,7 +56,7 @@ QSize roomFor(const QWidget& widget) {
   return widget.size();
 }
 
-// Where the label draws anything, in pixels of the screen.
+// The rectangle in which the label draws, in pixels of the screen.
 QRect inkOf(QLabel& label) {
   const qreal ratio = label.devicePixelRatioF();
   QImage image(label.size() * ratio, QImage::Format_Grayscale8);
@@ -108,7 +108,7 @@ int lostOfPlainText(const ShownText& shown) {
          std::max(baseline + ink.bottom() + 1 - room.height(), 0);
 }
 
-// How many pixels of the text, across and down, the widget has no room for.
+// The number of pixels of the text, across and down, that do not fit the widget.
 int lostPixels(const ShownText& shown) {
   if (shown.text.isEmpty()) return 0;
   return Qt::mightBeRichText(shown.text) ? lostOfRichText(shown) : lostOfPlainText(shown);

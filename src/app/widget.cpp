@@ -26,9 +26,9 @@ namespace messages = nordika::messages;
 
 namespace {
 
-// Narrow enough for the form at 96 dots per inch: the first; the second, whose
-// subscripts are low too. The others help where letters are larger or where
-// neither is installed.
+// Families to try, in this order. The first two are narrow enough for the form at
+// 96 dots per inch; the second has low subscripts, too. The others help where
+// letters are larger or where the first two are not installed.
 const char* const kNarrowFamilies[] = {
     "Liberation Sans",      "FreeSans", "Arimo", "Roboto", "Liberation Sans Narrow",
     "DejaVu Sans Condensed"};
@@ -91,7 +91,7 @@ void Widget::fitFont() {
       texts.push_back({box, box->textFromValue(bound)});
     }
   }
-  // The labels of the equations get texts of their own, those of both methods.
+  // The labels of the equations change with the method, so both texts must fit.
   QSet<const QLabel*> changing;
   std::vector<ShownText> changed;
   int k = 0;
@@ -166,7 +166,7 @@ void Widget::showTask(const QString& picture) {
   const QPixmap pixmap(picture);
   QGraphicsScene* scene = ui->taskView->scene();
   scene->clear();
-  // The picture is transformed on screens of a fractional scale only.
+  // Smooth, for screens of a fractional scale.
   scene->addPixmap(pixmap)->setTransformationMode(Qt::SmoothTransformation);
   // By default the scene keeps the extent of everything it has ever held.
   scene->setSceneRect(pixmap.rect());

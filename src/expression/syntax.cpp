@@ -9,9 +9,9 @@ namespace {
 
 using Token = Expression::token;
 
-// Which type of token may follow which, row by current, column by next. The
-// check runs before operators are told apart, so that the rows of the binary
-// and unary ones only mirror that of the undefined one.
+// True where a token of the column's type may follow one of the row's type. The
+// check runs before operators become unary or binary, so these rows repeat that of
+// the undefined operator.
 constexpr bool kAllowed[8][8] = {
     {false, false, false, false, false, false, false, false},
     {false, true, true, true, true, true, true, true},
@@ -91,7 +91,7 @@ void Expression::check_expression(const std::vector<token>& tokens) const {
 void Expression::mark_unaries(std::vector<token>& tokens) const {
   if (tokens.empty()) return;
   if (tokens[0].type == undefined_operator) tokens[0].type = unary_operator;
-  // From the end, so that the neighbour before is still as it was.
+  // From the end, so that the token before is not marked yet.
   for (std::size_t i = tokens.size() - 1; i > 0; --i) {
     if (tokens[i].type != undefined_operator) continue;
     const token& before = tokens[i - 1];
@@ -120,8 +120,7 @@ void Expression::convert_expression(std::vector<token>& tokens, std::vector<toke
         stack.push_back(&t);
         break;
       case binary_operator: {
-        // An operator of the same precedence waits only where it associates
-        // to the right.
+        // "^" associates to the right, so another "^" before it stays.
         const int least = priority(t) + (t.text == "^" ? 1 : 0);
         while (!stack.empty() && priority(*stack.back()) >= least)
           popTop();

@@ -24,7 +24,7 @@ constexpr double kPi = 3.141592653589793;
 // The blanks of an assignment text. An expression has fewer of them.
 constexpr std::string_view kAssignmentBlanks = " \t\n\v\f\r";
 
-// Letters and digits are ASCII whatever locale is in force.
+// True for an ASCII letter, whatever the locale.
 bool isLetter(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }

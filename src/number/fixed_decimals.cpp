@@ -14,7 +14,7 @@ namespace nordika::detail {
 
 namespace {
 
-// Below it, a number of six decimals times 10^6 is below 2^52.
+// Below it, a number of six decimals times 10^6 is below 2^51.
 constexpr double kLargestFast = 1e9;
 
 // The text of any number at the end of the room, without padding.

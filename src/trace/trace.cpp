@@ -21,7 +21,7 @@ namespace {
 bool hasLost = false;
 bool endsInsideLine = false;
 
-// The number of bytes written; fewer than there are when an error ends it.
+// Returns the number of bytes written; an error ends the writing.
 std::size_t writeAll(int file, std::string_view bytes) {
   std::size_t written = 0;
   while (written < bytes.size()) {
