@@ -12,15 +12,14 @@
 
 #include <complex>
 #include <iostream>
+#include <nordika/matrix.h>
 #include <vector>
-
-#include "nordika/matrix.h"
 
 int main() {
   Matrix A(3);
   for (int i = 0; i < 3; ++i) {
     for (int j = 0; j < 3; ++j)
-      A[i][static_cast<std::size_t>(j)] = i == j ? 2 : (i - j == 1 || j - i == 1) ? -1 : 0;
+      A(i, j) = i == j ? 2 : (i - j == 1 || j - i == 1) ? -1 : 0;
   }
 
   int rotations = 0;
@@ -29,9 +28,8 @@ int main() {
   getEigenvaluesWithJacobi(A, 1e-5, eigenvalues, eigenvectors, rotations);
   std::cout << "Jacobi, " << rotations << " rotations:\n";
   for (int i = 0; i < 3; ++i) {
-    const auto column = static_cast<std::size_t>(i);
-    std::cout << eigenvalues[column] << ", vector (" << eigenvectors[0][column] << ", "
-              << eigenvectors[1][column] << ", " << eigenvectors[2][column] << ")\n";
+    std::cout << eigenvalues.at(static_cast<std::size_t>(i)) << ", vector (" << eigenvectors(0, i)
+              << ", " << eigenvectors(1, i) << ", " << eigenvectors(2, i) << ")\n";
   }
 
   int iterations = 0;

@@ -7,10 +7,9 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <nordika/solver.h>
 #include <string>
 #include <vector>
-
-#include "nordika/solver.h"
 
 int main() {
   const std::string parameters = "a = 2";

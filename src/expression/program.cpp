@@ -119,7 +119,8 @@ Places Program::locate(const ValueMap& variables) const {
 // the language does not.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wpedantic"
-#define NEXT() goto*(kLabels[static_cast<int>((++at)->code)])
+// NOLINTNEXTLINE(bugprone-macro-parentheses): a statement
+#define NEXT() goto* kLabels[static_cast<int>((++at)->code)]
 
 double Program::run(const double* const* places, double* stack) const {
   // clang-format off

@@ -25,7 +25,7 @@ char* writeAsText(char (&room)[kFixedLength], double x, int decimals) {
 
 // The same for |x| < kLargestFast, digit by digit from the last one.
 char* writeDigits(char (&room)[kFixedLength], double x, int decimals) {
-  auto digits = static_cast<std::int64_t>(nearestToProduct(std::abs(x), decimals));
+  auto digits = static_cast<std::uint64_t>(nearestToProduct(std::abs(x), decimals));
   char* out = std::end(room);
   for (int i = 0; i < decimals; ++i, digits /= 10)
     *--out = static_cast<char>('0' + digits % 10);
