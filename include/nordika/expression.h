@@ -9,7 +9,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -164,7 +163,8 @@ class Expression {
   /// Rounds the n elements of x to six significant digits, binds them to the
   /// names x1 .. xn and evaluates: eval() of the text "x1 = ... xn = ...",
   /// without the text. Throws as calculate() does.
-  /// @pre all elements are finite
+  /// @throws ExpressionBadResult for an element that is NaN or infinite, before
+  ///   any is bound
   double evaluateAt(const std::vector<double>& x);
 
  private:

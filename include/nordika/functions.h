@@ -7,7 +7,6 @@
 #ifndef NORDIKA_FUNCTIONS_H
 #define NORDIKA_FUNCTIONS_H
 
-#include <cmath>
 #include <string>
 #include <vector>
 
@@ -38,15 +37,10 @@ class Function : public Expression {
 
 /// Passes finite values.
 /// @throws ExpressionBadResult for NaN and infinities
-inline void checkValue(double v) {
-  if (!std::isfinite(v)) throw ExpressionBadResult();
-}
+void checkValue(double v);
 
 /// Passes vectors of finite values.
 /// @throws ExpressionBadResult for the first element that is NaN or infinite
-inline void checkValue(const std::vector<double>& v) {
-  for (const double element : v)
-    checkValue(element);
-}
+void checkValue(const std::vector<double>& v);
 
 #endif

@@ -3,7 +3,6 @@
 
 #include <cmath>
 #include <iterator>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -11,7 +10,6 @@
 #include "expression/program.h"
 #include "nordika/expression.h"
 #include "nordika/functions.h"
-#include "number/six_digits.h"
 
 using nordika::detail::BuiltinFunction;
 using nordika::detail::findFunction;
@@ -31,38 +29,6 @@ double Expression::calculate(const std::vector<token>& sequence) const {
 double Expression::eval(const std::string& assignments) {
   set_variables(assignments);
   return evaluateAt({});
-}
-
-void Expression::bindArguments(std::size_t n) {
-  if (binding.version != variables.version()) {
-    binding.clear();
-    binding.version = variables.version();
-  }
-  while (binding.arguments.size() < n) {
-    std::string name = "x";
-    name += std::to_string(binding.arguments.size() + 1);
-    binding.arguments.push_back(&variables[name]);
-  }
-}
-
-// Leaves the operands empty while a variable is missing: every call looks again.
-void Expression::locateOperands() {
-  if (program == nullptr) throw ExpressionWrongFormat();  // moved from
-  binding.operands = program->locate(variables);
-  binding.stack.resize(program->stackSize());
-}
-
-double Expression::evaluateAt(const std::vector<double>& x) {
-  checkValue(x);
-  if (binding.version != variables.version() || binding.arguments.size() < x.size())
-    bindArguments(x.size());
-  double* const* argument = binding.arguments.data();
-  for (const double value : x)
-    **argument++ = nordika::detail::roundToSixDigits(value);
-  if (binding.operands.empty()) locateOperands();
-  const double value = program->run(binding.operands.data(), binding.stack.data());
-  checkValue(value);
-  return value;
 }
 
 double Expression::apply_unary(const std::string& op, double x) const {

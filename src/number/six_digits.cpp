@@ -6,12 +6,12 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
+#include <string_view>
 
 namespace nordika::detail {
 
 namespace {
-
-constexpr int kDigits = 6;
 
 char* writeAsText(char* out, double x) {
   return std::to_chars(out, out + kSixDigitsLength, x, std::chars_format::general, kDigits).ptr;
@@ -30,27 +30,32 @@ char* writeSixDigits(char* out, double x) {
   const double a = std::abs(x);
   if (!isOrdinary(a)) return writeAsText(out, x);
   int e = decimalExponent(a);
-  double m = e <= 5 ? nearestToProduct(a, 5 - e) : nearestToQuotient(a, e - 5);
-  if (m == 1000000) {
-    m = 100000;
+  const int k = kDigits - 1 - e;
+  double m = k >= 0 ? nearestToProduct(a, k) : nearestToQuotient(a, -k);
+  if (m == powerOfTen(kDigits)) {
+    m = powerOfTen(kDigits - 1);
     ++e;
   }
-  char digits[kDigits];
-  std::to_chars(digits, digits + kDigits, static_cast<int>(m));
-  const char* end = digits + kDigits;
-  while (end[-1] == '0')
-    --end;
-  if (x < 0) *out++ = '-';
+  char room[kDigits];
+  std::to_chars(room, room + kDigits, static_cast<int>(m));
+  const std::string_view all(room, kDigits);
+  const std::string_view digits = all.substr(0, all.find_last_not_of('0') + 1);
+
+  const auto append = [&out](std::string_view text) {
+    out = std::copy(text.begin(), text.end(), out);
+  };
+  if (x < 0) append("-");
   const bool withExponent = e < -4 || e >= kDigits;
   if (!withExponent && e < 0) {
-    out = std::copy_n("0.000", 1 - e, out);
-    return std::copy(static_cast<const char*>(digits), end, out);
+    append(std::string_view("0.000").substr(0, static_cast<std::size_t>(1 - e)));
+    append(digits);
+    return out;
   }
-  const char* const point = digits + (withExponent ? 1 : e + 1);
-  out = std::copy(static_cast<const char*>(digits), point, out);
-  if (end > point) {
-    *out++ = '.';
-    out = std::copy(point, end, out);
+  const std::size_t whole = withExponent ? 1 : static_cast<std::size_t>(e + 1);
+  append(all.substr(0, whole));
+  if (digits.size() > whole) {
+    append(".");
+    append(digits.substr(whole));
   }
   return withExponent ? writeExponent(out, e) : out;
 }

@@ -12,15 +12,18 @@
 
 // A number of six significant digits is m·10^(e-5), with integers m and e and
 // 100000 <= m <= 999999. For 1e-16 <= |x| < 1e22 the powers of ten that occur
-// are doubles. Then one multiplication or division by a power, correctly
-// rounded, leads from x to m, and one leads back from m to the nearest double.
-// Fast readers of numbers rely on the same fact (W. D. Clinger, How to read
-// floating point numbers accurately, 1990). Other numbers go through text.
+// are doubles. Then one correctly rounded multiplication or division by a power
+// leads from x to m. Another one leads from m to the nearest double. Fast readers
+// of numbers rely on the same fact (W. D. Clinger, How to read floating point
+// numbers accurately, 1990). All other numbers are converted to text and back.
 
 namespace nordika::detail {
 
+/// The significant digits of every number in expressions, arguments and traces.
+inline constexpr int kDigits = 6;
+
 /// The room that writeSixDigits() needs; its longest text is "-1.23457e-308".
-inline constexpr int kSixDigitsLength = 13;
+inline constexpr int kSixDigitsLength = kDigits + 7;
 
 /// Writes x as the C conversion "%g" does in the "C" locale: six significant
 /// digits, exponent notation below 1e-4 and from 1e6 on, no trailing zeros.
@@ -51,7 +54,7 @@ inline double roundToSixDigits(double x) {
   const double a = std::abs(x);
   if (!isOrdinary(a)) [[unlikely]]
     return roundThroughText(x);
-  const int k = 5 - decimalExponent(a);
+  const int k = kDigits - 1 - decimalExponent(a);
   if (k >= 0) [[likely]]
     return nearestToProduct(x, k) / powerOfTen(k);
   return nearestToQuotient(x, -k) * powerOfTen(-k);
