@@ -10,9 +10,9 @@ namespace nordika::messages {
 inline constexpr char kErrorTitle[] = "Ошибка";
 inline constexpr char kHelpTitle[] = "Справка";
 
-/// A failed calculation: what the run log says after "Error: ", and what the box
-/// says. Both go on with the name of the variable, or the box with the limit,
-/// where they end in a colon.
+/// The texts of a failed calculation: in the run log after "Error: ", and in the
+/// box. A text that ends in a colon is followed by a detail: the name of the
+/// variable in both, the limit in the box.
 struct Failure {
   const char* logged;
   const char* shown;

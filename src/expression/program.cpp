@@ -81,7 +81,7 @@ bool Program::applyBinary(const std::string& op) {
   const Code onStack = kCodes[which];
   --depth;
   Instruction& last = instructions.back();
-  if (last.code == Code::load) {
+  if (last.code == Code::load) {  // becomes the form with its operand in memory
     last.code = static_cast<Code>(static_cast<int>(onStack) + 1);
   } else {
     instructions.push_back({onStack, 0});

@@ -21,13 +21,14 @@ using Places = std::vector<const double*>;
 ///
 /// Example: "x1*(x2+2)", in postfix x1 x2 2 + *, compiles to
 ///
-///     load x1            pushes x1
-///     load x2            pushes x2
-///     add 2              top = top + 2
-///     multiply           pops the right operand, then top = top * it
+///     load x1     pushes top, then top = x1
+///     load x2     pushes top, then top = x2
+///     add 2       top = top + 2
+///     multiply    pops x1, then top = x1 * top
 ///
-/// Every operator of two operands has two forms: the right operand is on the
-/// stack, or it is an operand in memory. Arithmetic never throws, so the first
+/// The value on top of the stack is in a variable of its own. Every operator of
+/// two operands has two forms: its right operand is on top of the stack, or it is
+/// in memory. Arithmetic never throws, so the first
 /// fault of an evaluation depends only on which variables have values. A program
 /// never changes; several expressions and threads may share it.
 class Program {

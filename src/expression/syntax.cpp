@@ -9,9 +9,9 @@ namespace {
 
 using Token = Expression::token;
 
-// True where a token of the column's type may follow one of the row's type. The
-// check runs before operators become unary or binary, so these rows repeat that of
-// the undefined operator.
+// True where a token of the column's type may follow one of the row's type, both in
+// the order of token_t. The check runs before operators become unary or binary.
+// Rows 3 and 4, of these types, are therefore not used and copy row 2.
 constexpr bool kAllowed[8][8] = {
     {false, false, false, false, false, false, false, false},
     {false, true, true, true, true, true, true, true},

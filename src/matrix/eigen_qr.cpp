@@ -35,7 +35,7 @@ void writeCheck(Trace& trace, const Matrix& A) {
 // real roots, and the largest change of a complex root since the last iterate.
 struct Estimates {
   double real = 0;
-  double complex = -1;
+  double complex = -1;  // no change was measured
   bool hasReal = false;
   bool hasComplex = false;
 };
@@ -83,7 +83,11 @@ void writeEstimates(Trace& trace, const Estimates& estimates, bool first) {
   if (estimates.hasReal) trace << "Epsilon (for real roots): " << estimates.real << "\n";
   if (estimates.hasComplex) {
     trace << "Epsilon (for complex roots): ";
-    (first ? trace << "(none)" : trace << estimates.complex) << "\n";
+    if (first) {
+      trace << "(none)\n";
+    } else {
+      trace << estimates.complex << "\n";
+    }
   }
   trace << "\n";
   trace.flush();

@@ -8,12 +8,13 @@
 #include "nordika/trace.h"
 
 using nordika::Trace;
-using nordika::detail::kFactorElements;
+using nordika::detail::ElementFormat;
 using nordika::detail::writeMatrix;
 
 namespace {
 
 constexpr double kSmallestPivot = 1e-8;
+constexpr ElementFormat kFactorElements = {7, 3};  // "%7.3lf "
 
 // Reuses the memory of a matrix that has the dimension already.
 void makeIdentity(Matrix& a, int n) {

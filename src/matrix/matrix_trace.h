@@ -17,7 +17,7 @@ struct ElementFormat {
   int decimals;
 };
 
-inline constexpr ElementFormat kFactorElements = {7, 3};
+/// The format of the methods for eigenvalues, "%10.6lf ".
 inline constexpr ElementFormat kEigenElements = {10, 6};
 
 /// Writes the label as a line of its own and then a line for every row of a.

@@ -40,8 +40,8 @@ std::size_t numberLength(std::string_view text) {
   return i;
 }
 
-// For texts that std::from_chars refuses or reads in part: malformed ones,
-// overflow and underflow. Its result does not distinguish the last two.
+// For malformed texts, overflow and underflow. std::from_chars() reports the last
+// two alike.
 std::optional<double> extractFromStream(std::string_view text) {
   std::istringstream stream{std::string(text)};
   stream.imbue(std::locale::classic());

@@ -10,12 +10,13 @@
 
 #include "number/powers_of_ten.h"
 
-// A number of six significant digits is m·10^(e-5), with integers m and e and
-// 100000 <= m <= 999999. For 1e-16 <= |x| < 1e22 the powers of ten that occur
-// are doubles. Then one correctly rounded multiplication or division by a power
-// leads from x to m. Another one leads from m to the nearest double. Fast readers
-// of numbers rely on the same fact (W. D. Clinger, How to read floating point
-// numbers accurately, 1990). All other numbers are converted to text and back.
+// A number of six significant digits is m·10^-k, with an integer m between 100000
+// and 999999. For 1e-16 <= |x| < 1e22, k is between -16 and 21, and 10^|k| is a
+// double: 10^22 is the largest such power. Then one correctly rounded
+// multiplication or division by the power leads from x to m. Another one leads
+// from m to the nearest double. Fast readers of numbers rely on the same fact (W.
+// D. Clinger, How to read floating point numbers accurately, 1990). All other
+// numbers are converted to text and back.
 
 namespace nordika::detail {
 
@@ -31,14 +32,16 @@ inline constexpr int kSixDigitsLength = kDigits + 7;
 /// @return the place after the last character
 char* writeSixDigits(char* out, double x);
 
-/// Whether powers of ten that are doubles suffice for an a >= 0.
+static_assert(kDigits - 1 + 16 <= kLargestPower, "the largest k, for 1e-16");
+
+/// Whether a >= 0 is in the range that needs no text.
 inline bool isOrdinary(double a) {
   return a >= 1e-16 && a < 1e22;
 }
 
-/// The largest e with 10^e <= a, for an ordinary a. Where the double nearest to
-/// 10^e is below 10^e and a equals it, e is one too large; the six digits of a
-/// are 100000 all the same.
+/// The largest e with 10^e <= a, for an ordinary a. If a is the double nearest to
+/// 10^e and that lies just below 10^e, the result is e all the same. This does no
+/// harm: such an a rounds to 10^e.
 inline int decimalExponent(double a) {
   const int binary = static_cast<int>(std::bit_cast<std::uint64_t>(a) >> 52) - 1023;
   const int e = (binary * 78913) >> 18;  // floor(binary·log10(2))

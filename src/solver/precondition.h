@@ -7,8 +7,9 @@
 #include <cassert>
 
 /// As assert(), but alive in every build. Users report a broken precondition by
-/// the text that the C library prints. The line and the signature in that text
-/// are therefore data: they stay when this file or the compiler changes.
+/// the text that the C library prints: condition, file, line and signature. File,
+/// line and signature are therefore data; they stay when the source or the
+/// compiler changes. The names in a condition must stay, too.
 #define NORDIKA_PRECONDITION(condition, line, signature) \
   ((condition) ? static_cast<void>(0)                    \
                : __assert_fail(#condition, "src/solver/solver.cpp", line, signature))
