@@ -14,8 +14,8 @@
 namespace nordika {
 
 /// The number of iterations that the iterative methods for linear systems and
-/// for eigenvalues compute at most. The accuracy is tested before the limit, so
-/// the last one may still succeed.
+/// for eigenvalues compute at most; on purpose one more than the nonlinear methods.
+/// The accuracy is tested before the limit, so the last one may still succeed.
 inline constexpr int kMaxLinearIterations = 100001;
 
 }  // namespace nordika
