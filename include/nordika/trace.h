@@ -2,22 +2,59 @@
 // SPDX-License-Identifier: MIT
 
 /// @file
-/// The writer of the trace.
+/// The writer of the trace, and where the trace goes.
 
 #ifndef NORDIKA_TRACE_H
 #define NORDIKA_TRACE_H
 
+#include <functional>
 #include <string>
 #include <string_view>
 
 namespace nordika {
 
-/// Gathers lines of the run log in memory and writes them to the standard error
-/// stream at flush(). Flushed lines are in the kernel and survive any end of
-/// the process. Lines between two flushes are written together. Numbers have
-/// the form of the C conversions in the "C" locale, whatever the locale is.
+/// While it lives, gets all that the solvers and matrix routines of its thread
+/// write, in order and byte for byte, instead of the standard error stream. Other
+/// threads are not affected. Text that the program itself writes to the standard
+/// error stream stays there.
 ///
-/// The destructor flushes, also during an exception.
+/// Redirections nest: the innermost one gets the text. They may end in any order,
+/// but each must end in the thread that made it, and not in its own function.
+class TraceRedirect {
+ public:
+  /// Redirects the trace to `destination`, which gets the lines between two
+  /// flushes at once. When a routine returns or throws, `destination` has all of
+  /// its text. An empty function discards the trace; nothing is formatted then.
+  ///
+  /// While `destination` runs, this redirection is suspended: if it calls a solver,
+  /// the text of that solver goes to the next outer redirection or to the standard
+  /// error stream. An exception of `destination` ends there; the text of that call
+  /// counts as lost, see Trace::takeLoss().
+  explicit TraceRedirect(std::function<void(std::string_view)> destination);
+  /// Not copyable: it belongs to a scope.
+  TraceRedirect(const TraceRedirect&) = delete;
+  /// @copydoc TraceRedirect(const TraceRedirect&)
+  TraceRedirect& operator=(const TraceRedirect&) = delete;
+  /// Ends the redirection.
+  ~TraceRedirect();
+
+ private:
+  friend class Trace;
+
+  std::function<void(std::string_view)> write;
+  TraceRedirect* outer;
+  bool isSuspended = false;
+};
+
+/// Gathers lines of the run log in memory and writes them to the standard error
+/// stream, or to the TraceRedirect of the thread, at flush(). Flushed lines are in
+/// the kernel and survive any end of the process. Lines between two flushes are
+/// written together. Numbers have the form of the C conversions in the "C" locale,
+/// whatever the locale is.
+///
+/// Several threads may write at the same time; the order of their lines in the
+/// stream is then not defined, but each flush() is one piece. The destructor
+/// flushes, also during an exception.
 class Trace {
  public:
   /// A writer without lines.
@@ -44,17 +81,26 @@ class Trace {
   /// @param decimals 1 to 6
   Trace& cell(double number, int width, int decimals);
 
-  /// Writes the gathered lines to the standard error stream, after the text
-  /// that the C library still holds for that stream. Lines that cannot be
-  /// written (full disk, closed stream) are dropped; a calculation never stops
-  /// for them. A line that was cut off is ended before the next one.
-  void flush();
+  /// Writes the gathered lines. In the standard error stream they follow the text
+  /// that the C library still holds for that stream. A stream without a descriptor
+  /// gets them by the functions of the C library. Lines that cannot be written
+  /// (full disk, closed stream) are dropped; a calculation never stops for them. A
+  /// line that was cut off is ended before the next one.
+  void flush() noexcept;
 
-  /// Whether any writer has dropped anything since the last call.
+  /// True if a TraceRedirect with an empty function discards what this thread
+  /// writes: lines that are costly to compute need not be.
+  static bool isDiscarded();
+
+  /// Whether any writer, in any thread, has dropped anything since the last call.
+  /// Discarded text does not count.
   static bool takeLoss();
 
  private:
+  static TraceRedirect* currentRedirect();
+
   std::string pending;
+  bool ignores = isDiscarded();  // as found at the last flush()
 };
 
 }  // namespace nordika

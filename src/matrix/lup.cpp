@@ -107,7 +107,7 @@ std::vector<double> solveWithLUP(const Matrix& A, const std::vector<double>& b) 
   writeMatrix(trace, "L:", L, kFactorElements);
   writeMatrix(trace, "U:", U, kFactorElements);
   writeMatrix(trace, "P:", P, kFactorElements);
-  writeMatrix(trace, "P * L * U:", P * L * U, kFactorElements);
+  if (!Trace::isDiscarded()) writeMatrix(trace, "P * L * U:", P * L * U, kFactorElements);
   trace << "LUP decomposition stop.\n\n";
   trace.flush();
   return solveWithLUP(L, U, P, b);
