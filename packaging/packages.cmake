@@ -42,7 +42,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libnordika-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "libstdc++-12-dev | libstdc++-dev")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
-"This package contains the numerics of Nordika as a static C++20 library, with
+"This package contains the numerics of Nordika as a static C++ library, with
 headers, a CMake package and a pkg-config file. The library has three parts: the
 expression engine, the solvers of nonlinear systems (simple iterations and
 Newton's method), and square matrices (LUP, inverse, QR, eigenvalues, linear

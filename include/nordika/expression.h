@@ -45,7 +45,10 @@ class ExpressionUnknownVariable {
 /// 1961). Nothing here recurses: memory alone limits the depth of parentheses.
 ///
 /// Number literals keep six significant digits. Names consist of ASCII letters
-/// and digits.
+/// and digits. The operators are + - * / ^, the constant is pi, and the functions
+/// are sin, cos, tg, ctg, arcsin, arccos, arctg, arcctg, exp, ln, log10, log2, abs,
+/// sqrt, sinh and cosh. @ref language "The language" has the grammar and all that
+/// is refused.
 class Expression {
  public:
   /// The types of tokens. Their order is that of the adjacency table and of
@@ -77,6 +80,16 @@ class Expression {
   /// Compiles the text.
   /// @throws ExpressionWrongFormat for malformed text
   explicit Expression(const std::string& text);
+  /// A copy of its own: a later change of one does not change the other.
+  Expression(const Expression&) = default;
+  /// Leaves the other one without a compiled text; an evaluation of it throws
+  /// ExpressionWrongFormat.
+  Expression(Expression&&) = default;
+  /// As the copy constructor. When memory runs out, nothing has changed.
+  Expression& operator=(const Expression& other) { return *this = Expression(other); }
+  /// As the move constructor.
+  Expression& operator=(Expression&&) = default;
+  ~Expression() = default;
 
   /// Fills functions and operators and sets "pi". A second call only sets "pi"
   /// back to its value.
@@ -193,7 +206,7 @@ class Expression {
     std::uint64_t version = 0;  // of `variables`
   };
 
-  void bindArguments(std::size_t n);
+  void bindNewArguments(const std::vector<double>& x);
   void locateOperands();
 
   std::shared_ptr<const nordika::detail::Program> program;  // shared by all copies

@@ -172,7 +172,7 @@ int sign(const double& x);
 /// pivoting (Golub, Van Loan, Matrix Computations, 4th ed., section 3.4). Of
 /// equal candidates the upper row is the pivot.
 ///
-/// The outputs are replaced whatever they held. L is unit lower triangular, U
+/// The outputs are replaced whatever they held; each may be A itself. L is unit lower triangular, U
 /// upper triangular up to the rounding residues of the eliminated elements,
 /// which are kept; P is the identity with its rows exchanged; `swaps` counts
 /// the exchanges of two different rows.

@@ -3,6 +3,16 @@
 
 /// @file
 /// Systems of nonlinear equations and the two methods that solve them.
+///
+/// The circle x1² + x2² = a meets the parabola x2 = x1², by Newton's method:
+/// @code
+/// const auto f = [](const char* text) { return Function(text, "a = 2"); };
+/// NewtonProblem problem({f("x1^2+x2^2-a"), f("x2-x1^2")}, {2, 1},
+///                       {{f("2*x1"), f("2*x2")}, {f("-2*x1"), f("1")}});
+/// int iterations = 0;
+/// const std::vector<double> x = solve_nonlinear_system_newton(problem, 1e-5, iterations);
+/// // x is (1, 1); iterations is 5
+/// @endcode
 
 #ifndef NORDIKA_SOLVER_H
 #define NORDIKA_SOLVER_H

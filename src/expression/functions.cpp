@@ -11,6 +11,8 @@
 #include "expression/program.h"
 #include "number/six_digits.h"
 
+using nordika::detail::roundToSixDigits;
+
 void checkValue(double v) {
   if (!std::isfinite(v)) throw ExpressionBadResult();
 }
@@ -26,32 +28,35 @@ Function::Function(const std::string& expr, const std::string& parameters) : Exp
   set_variables(parameters);
 }
 
-void Expression::bindArguments(std::size_t n) {
+// When memory runs out, the names bound so far have the values of this call.
+void Expression::bindNewArguments(const std::vector<double>& x) {
   if (binding.version != variables.version()) {
     binding.clear();
     binding.version = variables.version();
   }
-  while (binding.arguments.size() < n) {
+  binding.arguments.reserve(x.size());
+  for (std::size_t i = binding.arguments.size(); i < x.size(); ++i) {
     std::string name = "x";
-    name += std::to_string(binding.arguments.size() + 1);
-    binding.arguments.push_back(&variables[name]);
+    name += std::to_string(i + 1);
+    const auto place = variables.emplace(name, roundToSixDigits(x[i])).first;
+    binding.arguments.push_back(&place->second);
   }
 }
 
 // Leaves the operands empty while a variable is missing: every call looks again.
 void Expression::locateOperands() {
   if (program == nullptr) throw ExpressionWrongFormat();  // moved from
-  binding.operands = program->locate(variables);
   binding.stack.resize(program->stackSize());
+  binding.operands = program->locate(variables);
 }
 
 double Expression::evaluateAt(const std::vector<double>& x) {
   checkValue(x);
   if (binding.version != variables.version() || binding.arguments.size() < x.size())
-    bindArguments(x.size());
+    bindNewArguments(x);
   double* const* argument = binding.arguments.data();
   for (const double value : x)
-    **argument++ = nordika::detail::roundToSixDigits(value);
+    **argument++ = roundToSixDigits(value);
   if (binding.operands.empty()) locateOperands();
   const double value = program->run(binding.operands.data(), binding.stack.data());
   checkValue(value);

@@ -104,7 +104,8 @@ Expression::token_t Expression::get_type(const token& t) const {
 
 void Expression::split(const std::string& text, std::vector<token>& out) {
   initialize();
-  std::string_view rest = text;
+  const std::string source = text;  // it may be part of `out`
+  std::string_view rest = source;
   while (!rest.empty()) {
     const char c = rest.front();
     if (isDigit(c)) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include "matrix/finite.h"
@@ -132,13 +133,14 @@ void getEigenvaluesWithJacobi(const Matrix& A, const double& eps, std::vector<do
   trace << "Jacobi method start.\n";
   trace.flush();
   if (!A.isSymmetrical()) throw MatrixIsNotSymmetrical();
-  // `eigenvectors` may be A itself: the identity is then what is diagonalised.
-  const int n = A.dimension();
-  eigenvectors = getIdentityMatrix(n);
   Matrix M = A * 1.0;  // n elements of each row, even if a row of A is longer
-  iters = diagonalise(trace, M, eigenvectors, eps);
-  trace << "Jacobi method stop (target accuracy achieved).\n\n";
-  eigenvalues.resize(static_cast<std::size_t>(n));
+  const int n = M.dimension();
+  eigenvectors = getIdentityMatrix(n);
+  const int count = diagonalise(trace, M, eigenvectors, eps);
+  std::vector<double> diagonal;
   for (int i = 0; i < n; ++i)
-    eigenvalues.begin()[i] = M(i, i);
+    diagonal.push_back(M(i, i));
+  trace << "Jacobi method stop (target accuracy achieved).\n\n";
+  iters = count;
+  eigenvalues = std::move(diagonal);
 }

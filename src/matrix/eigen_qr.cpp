@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <complex>
+#include <utility>
 #include <vector>
 
 #include "matrix/matrix_trace.h"
@@ -116,9 +117,9 @@ void getEigenvaluesWithQR(const Matrix& A, const double& eps, Roots& roots, int&
     const Estimates estimates = findRoots(trace, M, first ? nullptr : &previous, current);
     writeEstimates(trace, estimates, first);
     if (!first && eps > estimates.real && eps > estimates.complex) {
-      iters = k;
       trace << "QR algorithm stop (target accuracy achieved).\n\n";
-      roots = current;
+      iters = k;
+      roots = std::move(current);
       return;
     }
     if (k == nordika::kMaxLinearIterations) throw MaxItersCountAchieved();

@@ -68,8 +68,8 @@ std::vector<double> iterate(std::string_view method, std::vector<double> x, doub
     const double estimate = factor * normOrNan(x - previous);
     writeLinearIteration(trace, k, x, estimate);
     if (eps > estimate) {
-      iters = k;
       trace << method << " stop (target accuracy achieved).\n\n";
+      iters = k;
       return x;
     }
     if (k == nordika::kMaxLinearIterations) throw MaxItersCountAchieved();

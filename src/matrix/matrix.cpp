@@ -94,8 +94,9 @@ void Matrix::swapColumns(int i, int j) {
 void Matrix::insertColumn(int j, const std::vector<double>& v) {
   checkIndices(j, j);
   checkDimension(v.size());
-  for (std::size_t i = 0; i < v.size(); ++i)
-    rows[i].begin()[j] = v[i];
+  const std::vector<double> column = v;  // it may be a row of this matrix
+  for (std::size_t i = 0; i < rows.size(); ++i)
+    rows[i].begin()[j] = column[i];
 }
 
 void Matrix::doRound() {

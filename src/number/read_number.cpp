@@ -4,6 +4,7 @@
 #include "number/read_number.h"
 
 #include <charconv>
+#include <clocale>
 #include <cstdio>
 #include <locale>
 #include <sstream>
@@ -71,10 +72,13 @@ double numberValue(const std::string& text) {
     if (error == std::errc() && stop == end) return value;
   }
   // Only a token made by hand holds blanks, signs, hexadecimal digits or
-  // trailing characters.
+  // trailing characters. The conversion depends on the locale.
+  static const locale_t classic = newlocale(LC_ALL_MASK, "C", nullptr);
+  const locale_t before = uselocale(classic);
   value = 0;
-  if (std::sscanf(text.c_str(), "%50lg", &value) != 1) return 0;
-  return value;
+  const int count = std::sscanf(text.c_str(), "%50lg", &value);
+  uselocale(before);
+  return count == 1 ? value : 0;
 }
 
 }  // namespace nordika::detail

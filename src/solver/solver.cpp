@@ -104,9 +104,9 @@ std::vector<double> solve_nonlinear_system_simple_iters(SimpleItersProblem& prob
     writeIterationResult(trace, estimate, x);
     // False for a NaN: such a run ends in a function or at the limit.
     if (eps > estimate) {
-      iters = k;
       trace << "Solve nonlinear system with simple iterations method stop (target accuracy "
                "achieved).\n\n";
+      iters = k;
       return x;
     }
     if (k == kMaxIterations) throw MaxItersCountAchieved();
@@ -137,8 +137,8 @@ std::vector<double> solve_nonlinear_system_newton(NewtonProblem& problem, const 
     const double estimate = vnorm(delta);
     writeIterationResult(trace, estimate, x);
     if (eps > estimate) {
-      iters = k;
       trace << "Solve nonlinear system with Newton method stop (target accuracy achieved).\n\n";
+      iters = k;
       return x;
     }
     if (k == kMaxIterations) throw MaxItersCountAchieved();

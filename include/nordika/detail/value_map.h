@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <utility>
 
 namespace nordika::detail {
 
@@ -22,6 +23,7 @@ class ValueMap : private std::map<std::string, double> {
   using Map::begin;
   using Map::const_iterator;
   using Map::count;
+  using Map::emplace;
   using Map::empty;
   using Map::end;
   using Map::find;
@@ -33,11 +35,14 @@ class ValueMap : private std::map<std::string, double> {
 
   ValueMap() = default;
   ValueMap(const ValueMap&) = default;
+  ValueMap(ValueMap&& other) noexcept : Map(std::move(other)) { ++other.changes; }
   ~ValueMap() = default;
 
-  ValueMap& operator=(const ValueMap& other) {
+  ValueMap& operator=(const ValueMap& other) { return *this = ValueMap(other); }
+  ValueMap& operator=(ValueMap&& other) noexcept {
     ++changes;
-    Map::operator=(other);
+    ++other.changes;
+    Map::operator=(std::move(other));
     return *this;
   }
 
