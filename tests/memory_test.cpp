@@ -15,8 +15,9 @@
 
 namespace {
 
-long untilFailure = -1;  // allocations that succeed before one fails; negative: none fails
-long alive = 0;          // allocations without their release
+thread_local long untilFailure =
+    -1;                       // allocations that succeed before one fails; negative: none fails
+thread_local long alive = 0;  // allocations without their release
 
 }  // namespace
 
