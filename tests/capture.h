@@ -30,18 +30,6 @@ std::string captureTrace(Action action) {
   return text;
 }
 
-/// The number of iterations in a trace that counts them from 1 without a gap;
-/// else 0.
-inline int iterationsIn(const std::string& trace) {
-  const std::string label = "Iteration: ";
-  int count = 0;
-  for (auto at = trace.find(label); at != std::string::npos; at = trace.find(label, at + 1)) {
-    const std::string number = std::to_string(++count) + "\n";
-    if (trace.compare(at + label.size(), number.size(), number) != 0) return 0;
-  }
-  return count;
-}
-
 /// The content of a file of tests/golden.
 inline std::string golden(const std::string& name) {
   std::ifstream file(NORDIKA_GOLDEN_DIR "/" + name, std::ios::binary);

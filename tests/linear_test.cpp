@@ -12,8 +12,6 @@
 
 namespace {
 
-using Vector = std::vector<double>;
-
 // Condition numbers below 1e3 let rounding errors of 1e-16 grow to some 1e-13.
 constexpr double kDirectTolerance = 1e-11;
 
@@ -26,21 +24,13 @@ TEST(Inverse, AgreesWithPublishedMatrices) {
   EXPECT_NEAR(calcDeterminantWithLUP(hilbert), 1.0 / 2160, kDirectTolerance);
   EXPECT_LT(norm(calcInverseMatrixWithLUP(hilbert) - inverse), kDirectTolerance);
   EXPECT_EQ(calcDeterminantWithLUP(matrixOf({{0, 1}, {1, 0}})), -1);
+  const Matrix cycle = matrixOf({{0, 2, 0}, {0, 0, 2}, {2, 0, 0}});
+  EXPECT_EQ(calcDeterminantWithLUP(cycle), 8);
+  EXPECT_EQ(printed(calcInverseMatrixWithLUP(cycle)), "0 0 0.5 \n0.5 0 0 \n0 0.5 0 \n");
   EXPECT_EQ(calcDeterminantWithLUP(Matrix()), 1);
   EXPECT_EQ(calcInverseMatrixWithLUP(Matrix()).dimension(), 0);
   EXPECT_THROW(calcDeterminantWithLUP(matrixOf({{1, 2}, {2, 4}})), MatrixIsSingular);
   EXPECT_THROW(calcInverseMatrixWithLUP(matrixOf({{1, 0}, {0, 9e-9}})), MatrixIsSingular);
-}
-
-TEST(Inverse, UndoesRandomMatrices) {
-  for (int n = 1; n < 15; ++n) {
-    // n on the diagonal keeps elements below 1 far from singular.
-    const Matrix a =
-        randomMatrix(n, static_cast<unsigned>(n)) + getIdentityMatrix(n) * static_cast<double>(-n);
-    const Matrix inverse = calcInverseMatrixWithLUP(a);
-    EXPECT_LT(norm(a * inverse - getIdentityMatrix(n)), kDirectTolerance);
-    EXPECT_NEAR(calcDeterminantWithLUP(a) * calcDeterminantWithLUP(inverse), 1, kDirectTolerance);
-  }
 }
 
 TEST(Tridiagonal, TracesTheSweep) {
@@ -67,18 +57,12 @@ TEST(Tridiagonal, TracesTheSweep) {
 
 TEST(IterativeSolvers, TraceEveryIteration) {
   const Matrix a = matrixOf({{4, 1}, {2, 5}});
+  const Vector b = {5, 7};
   int iters = 0;
-  EXPECT_EQ(captureTrace([&] {
-              solveSimpleIterations(a, {5, 7}, 1e-2, iters);
-            }),
+  EXPECT_EQ(captureTrace([&] { solveSimpleIterations(a, b, 1e-2, iters); }),
             golden("linear_simple_iterations_two.txt"));
-  EXPECT_EQ(captureTrace([&] { solveSiedel(a, {5, 7}, 1e-2, iters); }), golden("seidel_two.txt"));
-  EXPECT_EQ(captureTrace([&] {
-              EXPECT_THROW(solveSiedel(a, {1}, 1, iters), MatrixWrongDimensions);
-              solveSiedel(Matrix(), {}, 1e-300, iters);
-            }),
-            "Seidel method start.\nIteration: 1\nResult: Epsilon: 0\n\n"
-            "Seidel method stop (target accuracy achieved).\n\n");
+  EXPECT_EQ(captureTrace([&] { solveSiedel(a, b, 1e-2, iters); }), golden("seidel_two.txt"));
+  EXPECT_THROW(solveSiedel(a, {1}, 1, iters), MatrixWrongDimensions);
 }
 
 TEST(IterativeSolvers, StopWithinTheAccuracy) {
@@ -93,6 +77,7 @@ TEST(IterativeSolvers, StopWithinTheAccuracy) {
       {matrixOf({{4, 1}, {2, 5}}), {5, 7}, {1, 1}, 1e-5, 13, 7},
       {burden, {6, 25, -11, 15}, {1, 2, -1, 1}, 1e-8, 27, 11},
       {matrixOf({{3, 0}, {0, -2}}), {6, 6}, {2, -3}, 1e-300, 1, 1},
+      {Matrix(), {}, {}, 1e-300, 1, 1},
       // (1/49)·49 is not 1, and what remains takes part.
       {matrixOf({{49}}), {1}, {1.0 / 49}, 1e-17, 2, 2},
   };

@@ -5,6 +5,7 @@
 #define NORDIKA_TESTS_MATRICES_H
 
 #include <cmath>
+#include <limits>
 #include <random>
 #include <sstream>
 #include <string>
@@ -12,27 +13,23 @@
 
 #include "nordika/matrix.h"
 
-inline Matrix matrixOf(const std::vector<std::vector<double>>& rows) {
+using Vector = std::vector<double>;
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+
+inline Matrix matrixOf(const std::vector<Vector>& rows) {
   Matrix a(static_cast<int>(rows.size()));
   for (int i = 0; i < a.dimension(); ++i)
-    a[i] = rows[static_cast<std::size_t>(i)];
+    a[i] = rows.begin()[i];
   return a;
-}
-
-inline std::vector<std::vector<double>> rowsOf(const Matrix& a) {
-  std::vector<std::vector<double>> rows;
-  for (int i = 0; i < a.dimension(); ++i)
-    rows.push_back(a[i]);
-  return rows;
 }
 
 /// All digits and signs of a matrix, with one text for every NaN.
 inline std::string printed(const Matrix& a) {
   std::ostringstream text;
   text.precision(17);
-  for (const auto& row : rowsOf(a)) {
-    for (const double element : row)
-      text << (std::isnan(element) ? std::abs(element) : element) << " ";
+  for (int i = 0; i < a.dimension(); ++i) {
+    for (int j = 0; j < a.dimension(); ++j)
+      text << (std::isnan(a(i, j)) ? kNan : a(i, j)) << " ";
     text << "\n";
   }
   return text.str();

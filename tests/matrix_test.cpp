@@ -11,15 +11,14 @@
 
 #include "capture.h"
 #include "matrices.h"
+#include "outcome.h"
 
 namespace {
-
-using Vector = std::vector<double>;
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
 TEST(Matrix, ReportsMisuseByType) {
   const Matrix a = matrixOf({{1, 2}, {3, 4}});
   Matrix b = a;
+  const Matrix one(1);
   const Vector three = {1, 2, 3};
   EXPECT_THROW(Matrix(-1), std::bad_alloc);
   EXPECT_THROW(getIdentityMatrix(-1), std::bad_alloc);
@@ -34,33 +33,37 @@ TEST(Matrix, ReportsMisuseByType) {
   EXPECT_THROW(b.insertColumn(1, three), MatrixWrongDimensions);
   EXPECT_THROW(a * three, MatrixWrongDimensions);
   EXPECT_THROW(a * Matrix(3), MatrixWrongDimensions);
-  EXPECT_THROW(a + Matrix(1), MatrixWrongDimensions);
+  EXPECT_THROW(a + one, MatrixWrongDimensions);
   EXPECT_THROW(a - Matrix(), MatrixWrongDimensions);
+  EXPECT_THROW(solveWithLUP(one, a, a, {1, 2}), MatrixWrongDimensions);
+  EXPECT_THROW(solveWithLUP(a, one, a, {1, 2}), MatrixWrongDimensions);
+  EXPECT_THROW(solveWithLUP(a, a, one, {1}), MatrixWrongDimensions);
+  EXPECT_THROW(solveWithLUP(a, a, a, three), MatrixWrongDimensions);
   EXPECT_THROW(three + Vector{1}, MatrixWrongDimensions);
   EXPECT_THROW(three - Vector{1}, MatrixWrongDimensions);
   EXPECT_THROW(dotProduct(three, {1}), VectorWrongDimensions);
   EXPECT_THROW(tensor_product(three, {1}), VectorWrongDimensions);
-  EXPECT_EQ(rowsOf(b), rowsOf(a));
+  EXPECT_EQ(printed(b), printed(a));
 }
 
 TEST(Matrix, ComputesElementByElement) {
   const Matrix a = matrixOf({{1, 2}, {3, 4}});
   const Matrix b = matrixOf({{0, -1}, {5, 0.5}});
-  EXPECT_EQ(rowsOf(a * b), rowsOf(matrixOf({{10, 0}, {20, -1}})));
-  EXPECT_EQ(rowsOf(a + b), rowsOf(matrixOf({{1, 1}, {8, 4.5}})));
-  EXPECT_EQ(rowsOf(a - b), rowsOf(matrixOf({{1, 3}, {-2, 3.5}})));
-  EXPECT_EQ(rowsOf(a * 2.0), rowsOf(matrixOf({{2, 4}, {6, 8}})));
-  EXPECT_EQ(rowsOf(a.transposed()), rowsOf(matrixOf({{1, 3}, {2, 4}})));
+  EXPECT_EQ(printed(a * b), "10 0 \n20 -1 \n");
+  EXPECT_EQ(printed(a + b), "1 1 \n8 4.5 \n");
+  EXPECT_EQ(printed(a - b), "1 3 \n-2 3.5 \n");
+  EXPECT_EQ(printed(a * 2.0), "2 4 \n6 8 \n");
+  EXPECT_EQ(printed(a.transposed()), "1 3 \n2 4 \n");
   EXPECT_EQ(a * Vector({1, -1}), Vector({-1, -1}));
-  EXPECT_EQ(rowsOf(tensor_product({1, 2}, {3, 4})), rowsOf(matrixOf({{3, 4}, {6, 8}})));
+  EXPECT_EQ(printed(tensor_product({1, 2}, {3, 4})), "3 4 \n6 8 \n");
   Matrix c = a;
   c.swapRows(0, 1);
   c.swapColumns(0, 0);
-  c.insertColumn(1, {1.006, -2.345});
+  c.insertColumn(1, {1.2462, -2.754});
   c.doRound();
-  EXPECT_EQ(rowsOf(c), rowsOf(matrixOf({{3, 1.01}, {1, -2.35}})));
+  EXPECT_EQ(printed(c), "3 1.25 \n1 -2.75 \n");
   c.swapColumns(1, 0);
-  EXPECT_EQ(rowsOf(c), rowsOf(matrixOf({{1.01, 3}, {-2.35, 1}})));
+  EXPECT_EQ(printed(c), "1.25 3 \n-2.75 1 \n");
 }
 
 TEST(Matrix, MeasuresAndJudges) {
@@ -69,8 +72,7 @@ TEST(Matrix, MeasuresAndJudges) {
   EXPECT_EQ(norm(Vector{}), 0);
   EXPECT_EQ(norm(matrixOf({{1, -2}, {3, 0}})), 3);
   EXPECT_EQ(off(matrixOf({{1, 5}, {2, 1}})), 2);
-  EXPECT_EQ(dotProduct({}, {}), 0);
-  EXPECT_TRUE(matrixOf({{1, 2}, {2.000009, 1}}).isSymmetrical());
+  EXPECT_TRUE(matrixOf({{1, 1e-5}, {0, 1}}).isSymmetrical());
   EXPECT_FALSE(matrixOf({{1, 2}, {2.00002, 1}}).isSymmetrical());
   EXPECT_TRUE(matrixOf({{1, kNan}, {2, 1}}).isSymmetrical());
   EXPECT_TRUE(Matrix(0).isSymmetrical() && Matrix(0).isTridiagonal());
@@ -88,11 +90,18 @@ TEST(Matrix, SumsInIndexOrder) {
   const Vector terms = {1e16, 1, -1e16, 1};
   const Vector ones(4, 1.0);
   EXPECT_EQ(dotProduct(terms, ones), 1);
-  Matrix a(4);
-  a[2] = terms;
-  EXPECT_EQ((a * ones)[2], 1);
-  EXPECT_EQ((a * matrixOf({ones, ones, ones, ones}))[2][3], 1);
+  EXPECT_EQ(matrixOf({terms, ones, ones, ones}) * ones, Vector({1, 4, 4, 4}));
   EXPECT_EQ(norm2({1e8, 1, 1}), 1e16);
+  // Large products are computed in panels, with rows and columns left over.
+  for (const int n : {4, 40, 41, 42, 47}) {
+    const Matrix a = randomMatrix(n, 1), b = randomMatrix(n, 2), columns = b.transposed();
+    Matrix product(n);
+    for (int i = 0; i < n; ++i) {
+      for (int j = 0; j < n; ++j)
+        product(i, j) = dotProduct(a[i], columns[j]);
+    }
+    EXPECT_EQ(printed(a * b), printed(product));
+  }
 }
 
 TEST(Round, GoesThroughTheProductInDoubles) {
@@ -109,39 +118,35 @@ TEST(Round, GoesThroughTheProductInDoubles) {
 }
 
 TEST(LUP, KeepsItsOutputsAsTheyWereWhenItStops) {
-  struct Case {
-    Matrix a, L, U, P;
-    int swaps;
-    bool singular;
-  };
   const Matrix unit = getIdentityMatrix(2);
   const Matrix exchange = matrixOf({{0, 1}, {1, 0}});
-  const Case cases[] = {
-      {exchange, unit, unit, exchange, 1, false},
+  const struct {
+    Matrix a, L, U, P;
+    int swaps;
+    const char* end;
+  } cases[] = {
+      {exchange, unit, unit, exchange, 1, "regular"},
       {matrixOf({{1, 2}, {2, 4}}), matrixOf({{1, 0}, {0.5, 1}}), matrixOf({{2, 4}, {0, 0}}),
-       exchange, 1, true},
-      {matrixOf({{1e-9, 0}, {0, 1e-9}}), unit, matrixOf({{1e-9, 0}, {0, 1e-9}}), unit, 0, true},
+       exchange, 1, "singular"},
+      {matrixOf({{1e-9, 0}, {0, 1e-9}}), unit, matrixOf({{1e-9, 0}, {0, 1e-9}}), unit, 0,
+       "singular"},
       {matrixOf({{1, 2}, {-1, 3}}), matrixOf({{1, 0}, {-1, 1}}), matrixOf({{1, 2}, {0, 5}}), unit,
-       0, false},
-      {matrixOf({{1e-8, 0}, {0, 1}}), unit, matrixOf({{1e-8, 0}, {0, 1}}), unit, 0, false},
+       0, "regular"},
+      {matrixOf({{1e-8, 0}, {0, 1}}), unit, matrixOf({{1e-8, 0}, {0, 1}}), unit, 0, "regular"},
       {matrixOf({{kNan, 0}, {2, 1}}), matrixOf({{1, 0}, {kNan, 1}}),
-       matrixOf({{2, 1}, {kNan, kNan}}), exchange, 1, true},
-      {Matrix(), Matrix(), Matrix(), Matrix(), 0, false},
+       matrixOf({{2, 1}, {kNan, kNan}}), exchange, 1, "singular"},
+      {Matrix(), Matrix(), Matrix(), Matrix(), 0, "regular"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     Matrix L(5), U(1), P(7);
     int swaps = -1;
-    bool singular = false;
-    try {
+    const std::string end = outcomeOf([&] {
       LUPdecomposition(c.a, L, U, P, swaps);
-    } catch (const MatrixIsSingular&) {
-      singular = true;
-    }
-    EXPECT_EQ(singular, c.singular);
+      return "regular";
+    });
+    EXPECT_EQ(end, c.end);
     EXPECT_EQ(swaps, c.swaps);
-    EXPECT_EQ(printed(L), printed(c.L));
-    EXPECT_EQ(printed(U), printed(c.U));
-    EXPECT_EQ(printed(P), printed(c.P));
+    EXPECT_EQ(printed(L) + printed(U) + printed(P), printed(c.L) + printed(c.U) + printed(c.P));
   }
 }
 
@@ -157,16 +162,14 @@ TEST(LUP, FactorsAndSolvesRandomSystems) {
     LUPdecomposition(a, L, U, P, swaps);
     for (int i = 1; i < n; ++i) {
       for (int j = 0; j < i; ++j) {
-        EXPECT_LE(std::abs(L[i][static_cast<std::size_t>(j)]), 1);
-        EXPECT_EQ(L[j][static_cast<std::size_t>(i)], 0);
-        U[i][static_cast<std::size_t>(j)] = 0;
+        EXPECT_LE(std::abs(L(i, j)), 1);
+        EXPECT_EQ(L(j, i), 0);
+        U(i, j) = 0;
       }
     }
     EXPECT_LT(norm(P * a - L * U), kFactorTolerance);
     const Vector b = a * Vector(static_cast<std::size_t>(n), 1.0);
     EXPECT_LT(norm(a * solveWithLUP(L, U, P, b) - b), kFactorTolerance);
-    EXPECT_THROW(solveWithLUP(L, U, P, Vector(static_cast<std::size_t>(n + 1))),
-                 MatrixWrongDimensions);
   }
 }
 
@@ -179,9 +182,7 @@ TEST(LUP, TracesFactorsAndTheirProduct) {
             "LUP decomposition start.\nL:\nU:\nP:\nP * L * U:\nLUP decomposition stop.\n\n");
   EXPECT_EQ(captureTrace([&] { EXPECT_THROW(solveWithLUP(a, {1}), MatrixWrongDimensions); }),
             golden("lup_three.txt"));
-  EXPECT_EQ(captureTrace([&] {
-              EXPECT_THROW(solveWithLUP(Matrix(2), {1, 2}), MatrixIsSingular);
-            }),
+  EXPECT_EQ(captureTrace([] { EXPECT_THROW(solveWithLUP(Matrix(1), {1}), MatrixIsSingular); }),
             "LUP decomposition start.\n");
 }
 
@@ -193,15 +194,7 @@ TEST(Matrix, ReadsOnlyItsColumnsOfARowThatIsLonger) {
   EXPECT_EQ(captureTrace([&] { EXPECT_EQ(solveWithLUP(a, {1, 2}), Vector({-1, 1})); }), trace);
   EXPECT_EQ(norm(a), largest);
   a.swapRows(0, 1);
-  EXPECT_EQ(rowsOf(a * 1.0 + Matrix(2) - Matrix(2)), rowsOf(matrixOf({{2, 4}, {0, 1}})));
-}
-
-TEST(LUP, RefusesFactorsOfDifferentDimensions) {
-  const Matrix one(1);
-  const Matrix two = getIdentityMatrix(2);
-  EXPECT_THROW(solveWithLUP(one, two, two, {1, 2}), MatrixWrongDimensions);
-  EXPECT_THROW(solveWithLUP(two, one, two, {1, 2}), MatrixWrongDimensions);
-  EXPECT_THROW(solveWithLUP(two, two, one, {1}), MatrixWrongDimensions);
+  EXPECT_EQ(printed(a * 1.0 + Matrix(2) - Matrix(2)), "2 4 \n0 1 \n");
 }
 
 }  // namespace
