@@ -182,10 +182,10 @@ TEST(Eigenvalues, TraceEveryIteration) {
   EXPECT_EQ(captureTrace([&] { getEigenvaluesWithJacobi(Matrix(V), 1e-5, values, V, iters); }),
             golden("jacobi_four.txt"));
   EXPECT_LT(norm(values - Vector{3, 10, 1, 4}), kOrthogonalTolerance);
-  // V becomes the identity before the matrix that it aliases is read.
+  // The eigenvectors may replace the matrix.
   V = matrixOf({{2, 1}, {1, 2}});
   captureTrace([&] { getEigenvaluesWithJacobi(V, 1e-5, values, V, iters); });
-  EXPECT_TRUE(std::isnan(values[0]));
+  EXPECT_LT(norm(values - Vector{3, 1}), kOrthogonalTolerance);
   const auto refuse = [&] {
     EXPECT_THROW(getEigenvaluesWithJacobi(a, 1, values, V, iters), MatrixIsNotSymmetrical);
   };

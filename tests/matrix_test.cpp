@@ -64,6 +64,8 @@ TEST(Matrix, ComputesElementByElement) {
   EXPECT_EQ(printed(c), "3 1.25 \n1 -2.75 \n");
   c.swapColumns(1, 0);
   EXPECT_EQ(printed(c), "1.25 3 \n-2.75 1 \n");
+  c.insertColumn(1, c[0]);
+  EXPECT_EQ(printed(c), "1.25 1.25 \n-2.75 3 \n");
 }
 
 TEST(Matrix, MeasuresAndJudges) {

@@ -9,6 +9,7 @@
 #include <string>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 #include "capture.h"
 #include "nordika/solver.h"
@@ -63,11 +64,9 @@ TEST(TraceRedirect, DiscardsOrLosesTextWithoutHarm) {
 TEST(Trace, IsWrittenToAStreamWithoutADescriptor) {
   char* text = nullptr;
   std::size_t size = 0;
-  std::FILE* const terminal = stderr;
-  stderr = open_memstream(&text, &size);
+  std::FILE* const terminal = std::exchange(stderr, open_memstream(&text, &size));
   solve();
-  std::fclose(stderr);
-  stderr = terminal;
+  std::fclose(std::exchange(stderr, terminal));
   EXPECT_EQ(std::string(text, size), captureTrace(solve));
   std::free(text);
 }
@@ -84,16 +83,12 @@ TEST(Threads, KeepTracesApartAndShareTheStandardErrorStream) {
       EXPECT_EQ(text, trace);
     }
   };
-  const int terminal = dup(STDERR_FILENO);
-  const int full = open("/dev/full", O_WRONLY);
-  dup2(full, STDERR_FILENO);
-  std::thread first(run);
-  std::thread second(run);
-  first.join();
-  second.join();
-  dup2(terminal, STDERR_FILENO);
-  close(terminal);
-  close(full);
+  captureTrace([&run] {
+    dup2(open("/dev/full", O_WRONLY), STDERR_FILENO);
+    std::thread first(run);
+    run();
+    first.join();
+  });
   EXPECT_TRUE(Trace::takeLoss());
 }
 

@@ -221,15 +221,6 @@ TEST_F(WindowTest, AResultTooLongForItsFieldShowsItsBeginningAndHasATip) {
   EXPECT_EQ(field->toolTip().toStdString(), "");
 }
 
-TEST_F(WindowTest, VeryLongTextsAreAnsweredLikeAnyOther) {
-  run("Simple", QString(16383, '(') + "1" + QString(16383, ')'));
-  EXPECT_EQ(results(), "1;;;;2");
-  EXPECT_EQ(run("Newton", "x1-1", "1" + QString(1 << 20, '0')).text,
-            "Неправильный формат ввода выражения");
-  run("Newton", "x1-1", "1" + QString("+0*x1").repeated(1 << 18));
-  EXPECT_EQ(results(), "1;;;;2");
-}
-
 TEST_F(WindowTest, ALogThatCannotGrowCostsNeitherTheResultNorLaterLines) {
   rlimit limit{};
   getrlimit(RLIMIT_FSIZE, &limit);
