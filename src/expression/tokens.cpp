@@ -104,7 +104,7 @@ Expression::token_t Expression::get_type(const token& t) const {
 
 void Expression::split(const std::string& text, std::vector<token>& out) {
   initialize();
-  const std::string source = text;  // it may be part of `out`
+  const std::string source(text.begin(), text.end());  // `text` may be part of `out`
   std::string_view rest = source;
   while (!rest.empty()) {
     const char c = rest.front();

@@ -137,9 +137,9 @@ void getEigenvaluesWithJacobi(const Matrix& A, const double& eps, std::vector<do
   const int n = M.dimension();
   eigenvectors = getIdentityMatrix(n);
   const int count = diagonalise(trace, M, eigenvectors, eps);
-  std::vector<double> diagonal;
+  std::vector<double> diagonal(static_cast<std::size_t>(n));
   for (int i = 0; i < n; ++i)
-    diagonal.push_back(M(i, i));
+    diagonal.begin()[i] = M(i, i);
   trace << "Jacobi method stop (target accuracy achieved).\n\n";
   iters = count;
   eigenvalues = std::move(diagonal);

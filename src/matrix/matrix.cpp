@@ -94,7 +94,8 @@ void Matrix::swapColumns(int i, int j) {
 void Matrix::insertColumn(int j, const std::vector<double>& v) {
   checkIndices(j, j);
   checkDimension(v.size());
-  const std::vector<double> column = v;  // it may be a row of this matrix
+  // A copy: v may be a row of this matrix.
+  const std::vector<double> column(v.begin(), v.end());
   for (std::size_t i = 0; i < rows.size(); ++i)
     rows[i].begin()[j] = column[i];
 }

@@ -35,7 +35,10 @@ class ValueMap : private std::map<std::string, double> {
 
   ValueMap() = default;
   ValueMap(const ValueMap&) = default;
-  ValueMap(ValueMap&& other) noexcept : Map(std::move(other)) { ++other.changes; }
+  ValueMap(ValueMap&& other) noexcept {
+    ++other.changes;
+    Map::swap(other);
+  }
   ~ValueMap() = default;
 
   ValueMap& operator=(const ValueMap& other) { return *this = ValueMap(other); }
