@@ -43,8 +43,8 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "libstdc++-12-dev | libstdc++-dev")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
 "This package contains the numerics of Nordika as a static C++ library, with
-headers, a CMake package and a pkg-config file. The library has three parts: the
-expression engine, the solvers of nonlinear systems (simple iterations and
+headers, a CMake package and a pkg-config file. The library has three parts:
+the expression engine, the solvers of nonlinear systems (simple iterations and
 Newton's method), and square matrices (LUP, inverse, QR, eigenvalues, linear
 systems).")
 
