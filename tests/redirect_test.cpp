@@ -53,8 +53,17 @@ TEST(TraceRedirect, GivesTheTextToTheInnermostFunction) {
 
 TEST(TraceRedirect, DiscardsOrLosesTextWithoutHarm) {
   Trace::takeLoss();
-  const TraceRedirect silence({});
-  EXPECT_EQ(captureTrace(solve), "");
+  Trace trace;
+  {
+    const TraceRedirect silence({});
+    trace << "unheard";
+    EXPECT_EQ(captureTrace(solve), "");
+  }
+  EXPECT_EQ(captureTrace([&trace] {
+              trace << "heard";
+              trace.flush();
+            }),
+            "heard");
   EXPECT_FALSE(Trace::takeLoss());
   const TraceRedirect broken([](std::string_view) { throw 1; });
   EXPECT_EQ(captureTrace(solve), "");

@@ -46,9 +46,9 @@ class ExpressionUnknownVariable {
 ///
 /// Number literals keep six significant digits. Names consist of ASCII letters
 /// and digits. The operators are + - * / ^, the constant is pi, and the functions
-/// are sin, cos, tg, ctg, arcsin, arccos, arctg, arcctg, exp, ln, log10, log2, abs,
-/// sqrt, sinh and cosh. @ref language "The language" has the grammar and all that
-/// is refused.
+/// are sin, cos, tg (tangent), ctg (cotangent), their inverses arcsin, arccos, arctg
+/// and arcctg, exp, ln, log10, log2, abs, sqrt, sinh and cosh. @ref language "The language" has the
+/// grammar and all that is refused.
 class Expression {
  public:
   /// The types of tokens. Their order is that of the adjacency table and of

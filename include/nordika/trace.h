@@ -99,8 +99,10 @@ class Trace {
  private:
   static TraceRedirect* currentRedirect();
 
+  // Only tested between two flushes: a block of lines is whole or absent.
+  bool ignores() const { return pending.empty() && isDiscarded(); }
+
   std::string pending;
-  bool ignores = isDiscarded();  // as found at the last flush()
 };
 
 }  // namespace nordika

@@ -107,7 +107,7 @@ void writeRotation(Trace& trace, int k, double angle, double estimate, const Mat
 
 // Makes M diagonal and multiplies V by the rotations.
 // @return the number of rotations; one more where M has no pivot
-int diagonalise(Trace& trace, Matrix& M, Matrix& V, const double& eps) {
+int diagonalise(Trace& trace, Matrix& M, Matrix& V, double eps) {
   for (int k = 1;; ++k) {
     const Pivot pivot = findPivot(M);
     if (pivot.p < 0) return k;

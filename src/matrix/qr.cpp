@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include "matrix/finite.h"
@@ -47,22 +48,23 @@ void QRdecomposition(const Matrix& A, Matrix& Q, Matrix& R) {
   // are the rows of W^T·H, with the same products in the same order.
   Matrix W = (A * 1.0).transposed();
   const int n = W.dimension();
-  Q = getIdentityMatrix(n);
+  Matrix product = getIdentityMatrix(n);
   for (int k = 0; k < n - 1; ++k) {
     std::vector<double> v(W[k].begin() + k, W[k].end());
     v[0] += sign(v[0]) * std::sqrt(norm2(v));
     const Matrix H = reflection(v);
     // If H is finite, so are v and 2/(v·v), and the rest of the whole reflection is
     // exactly the identity.
-    if (isFinite(H) && isFinite(Q) && isFinite(W)) {
-      reflectRows(Q, H, k);
+    if (isFinite(H) && isFinite(product) && isFinite(W)) {
+      reflectRows(product, H, k);
       reflectRows(W, H, k);
     } else {
       v.insert(v.begin(), static_cast<std::size_t>(k), 0.0);
       const Matrix whole = reflection(v);
-      Q = Q * whole;
+      product = product * whole;
       W = (whole * W.transposed()).transposed();
     }
   }
   R = W.transposed();
+  Q = std::move(product);
 }

@@ -68,30 +68,30 @@ TraceRedirect::~TraceRedirect() {
 }
 
 Trace::Trace() {
-  if (!ignores) pending.reserve(1024);  // the largest block of lines of a window's run
+  if (!ignores()) pending.reserve(1024);  // the largest block of lines of a window's run
 }
 
 Trace& Trace::operator<<(std::string_view text) {
-  if (!ignores) pending += text;
+  if (!ignores()) pending += text;
   return *this;
 }
 
 Trace& Trace::operator<<(int number) {
-  if (ignores) return *this;
+  if (ignores()) return *this;
   char text[std::numeric_limits<int>::digits10 + 3];
   pending.append(text, std::to_chars(text, text + sizeof text, number).ptr);
   return *this;
 }
 
 Trace& Trace::operator<<(double number) {
-  if (ignores) return *this;
+  if (ignores()) return *this;
   char text[detail::kSixDigitsLength];
   pending.append(text, detail::writeSixDigits(text, number));
   return *this;
 }
 
 Trace& Trace::cell(double number, int width, int decimals) {
-  if (ignores) return *this;
+  if (ignores()) return *this;
   char room[detail::kFixedLength];
   pending += detail::writeFixed(room, number, width, decimals);
   pending += ' ';
@@ -99,7 +99,6 @@ Trace& Trace::cell(double number, int width, int decimals) {
 }
 
 void Trace::flush() noexcept {
-  ignores = isDiscarded();
   if (pending.empty()) return;
   TraceRedirect* const redirect = currentRedirect();
   if (redirect == nullptr) {
