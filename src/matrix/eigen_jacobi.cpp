@@ -135,8 +135,9 @@ void getEigenvaluesWithJacobi(const Matrix& A, const double& eps, std::vector<do
   if (!A.isSymmetrical()) throw MatrixIsNotSymmetrical();
   Matrix M = A * 1.0;  // n elements of each row, even if a row of A is longer
   const int n = M.dimension();
+  const double accuracy = eps;  // it may be an element of `eigenvectors`
   eigenvectors = getIdentityMatrix(n);
-  const int count = diagonalise(trace, M, eigenvectors, eps);
+  const int count = diagonalise(trace, M, eigenvectors, accuracy);
   std::vector<double> diagonal(static_cast<std::size_t>(n));
   for (int i = 0; i < n; ++i)
     diagonal.begin()[i] = M(i, i);
