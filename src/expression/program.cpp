@@ -131,8 +131,8 @@ double Program::run(const double* const* places, double* stack) const {
   // clang-format on
   static_assert(std::size(kLabels) == static_cast<int>(Code::powerOperand) + 1);
   double top = 0;
-  const Instruction* at = instructions.data() - 1;
-  NEXT();
+  const Instruction* at = instructions.data();
+  goto* kLabels[static_cast<int>(at->code)];
 
 load:
   *stack++ = top;

@@ -28,9 +28,11 @@ using Places = std::vector<const double*>;
 ///
 /// The value on top of the stack is in a variable of its own. Every operator of
 /// two operands has two forms: its right operand is on top of the stack, or it is
-/// in memory. Arithmetic never throws, so the first
-/// fault of an evaluation depends only on which variables have values. A program
-/// never changes; several expressions and threads may share it.
+/// in memory.
+///
+/// Arithmetic never throws, so the first fault of an evaluation depends only on
+/// which variables have values. A program never changes; several expressions and
+/// threads may share it.
 class Program {
  public:
   /// Compiles the sequence up to its first fault, if it has one: a stack that
