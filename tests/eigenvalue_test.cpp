@@ -95,6 +95,11 @@ TEST(Eigenvalues, AgreeWithPublishedOnes) {
       {matrixOf({{0, -1}, {1, 0}}), 1e-300, 2, {{0, 1}, {0, -1}}},
       {matrixOf({{7}}), 1e-300, 2, {7}},
       {Matrix(), 1e-300, 2, {}},
+      // The second change of the pair is eps itself, by rounding.
+      {matrixOf({{-5, -5}, {2, -4}}),
+       0x1p-50,
+       5,
+       {{-4.5, std::sqrt(39) / 2}, {-4.5, -std::sqrt(39) / 2}}},
       // Companion matrix of (x - 4)(x - 2)(x - 1): an iteration halves what
       // stands below its roots.
       {matrixOf({{7, -14, 8}, {1, 0, 0}, {0, 1, 0}}), 1e-9, 29, {4, 2, 1}},
@@ -210,7 +215,7 @@ TEST(LimitedMethods, GiveUpAfterTheTraceOfTheLastIteration) {
       {[&](int& iters) { solveSiedel(noDiagonal, b, 1, iters); }, "nan\n\n"},
       {[&](int& iters) { getEigenvaluesWithJacobi(a, 0, values, V, iters); },
        "Matrix:\n  3.000000   0.000000 \n  0.000000   1.000000 \n\n"},
-      {[&](int& iters) { getEigenvaluesWithQR(a, kNan, roots, iters); },
+      {[&](int& iters) { getEigenvaluesWithQR(a, 0, roots, iters); },
        "Roots of characteristic polynomial:\n3\n1\nEpsilon (for real roots): 0\n\n"},
   };
   for (const auto& row : rows) {

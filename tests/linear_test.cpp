@@ -9,8 +9,78 @@
 #include "capture.h"
 #include "matrices.h"
 #include "nordika/matrix.h"
+#include "outcome.h"
 
 namespace {
+
+TEST(LUP, KeepsItsOutputsAsTheyWereWhenItStops) {
+  const Matrix unit = getIdentityMatrix(2);
+  const Matrix exchange = matrixOf({{0, 1}, {1, 0}});
+  const struct {
+    Matrix a, L, U, P;
+    int swaps;
+    const char* end;
+  } cases[] = {
+      {exchange, unit, unit, exchange, 1, "regular"},
+      {matrixOf({{1, 2}, {2, 4}}), matrixOf({{1, 0}, {0.5, 1}}), matrixOf({{2, 4}, {0, 0}}),
+       exchange, 1, "singular"},
+      {matrixOf({{1e-9, 0}, {0, 1e-9}}), unit, matrixOf({{1e-9, 0}, {0, 1e-9}}), unit, 0,
+       "singular"},
+      {matrixOf({{1, 2}, {-1, 3}}), matrixOf({{1, 0}, {-1, 1}}), matrixOf({{1, 2}, {0, 5}}), unit,
+       0, "regular"},
+      {matrixOf({{1e-8, 0}, {0, 1}}), unit, matrixOf({{1e-8, 0}, {0, 1}}), unit, 0, "regular"},
+      {matrixOf({{kNan, 0}, {2, 1}}), matrixOf({{1, 0}, {kNan, 1}}),
+       matrixOf({{2, 1}, {kNan, kNan}}), exchange, 1, "singular"},
+      {Matrix(), Matrix(), Matrix(), Matrix(), 0, "regular"},
+  };
+  for (const auto& c : cases) {
+    Matrix L(5), U(1), P(7);
+    int swaps = -1;
+    const std::string end = outcomeOf([&] {
+      LUPdecomposition(c.a, L, U, P, swaps);
+      return "regular";
+    });
+    EXPECT_EQ(end, c.end);
+    EXPECT_EQ(swaps, c.swaps);
+    EXPECT_EQ(printed(L) + printed(U) + printed(P), printed(c.L) + printed(c.U) + printed(c.P));
+  }
+}
+
+// The backward error of elimination with partial pivoting is a small multiple
+// of n·eps·growth; 1e-12 leaves it two orders for n = 30 and elements below 1.
+constexpr double kFactorTolerance = 1e-12;
+
+TEST(LUP, FactorsAndSolvesRandomSystems) {
+  for (int n = 1; n <= 30; ++n) {
+    const Matrix a = randomMatrix(n, static_cast<unsigned>(n));
+    Matrix L, U, P;
+    int swaps = 0;
+    LUPdecomposition(a, L, U, P, swaps);
+    for (int i = 1; i < n; ++i) {
+      for (int j = 0; j < i; ++j) {
+        EXPECT_LE(std::abs(L(i, j)), 1);
+        EXPECT_EQ(L(j, i), 0);
+        U(i, j) = 0;
+      }
+    }
+    EXPECT_LT(norm(P * a - L * U), kFactorTolerance);
+    const Vector b = a * Vector(static_cast<std::size_t>(n), 1.0);
+    EXPECT_LT(norm(a * solveWithLUP(L, U, P, b) - b), kFactorTolerance);
+  }
+}
+
+TEST(LUP, TracesFactorsAndTheirProduct) {
+  const Matrix a = matrixOf({{0.1, 2, -3}, {-7, 8, 1000}, {4, 5, 6}});
+  Vector x;
+  EXPECT_EQ(captureTrace([&] { x = solveWithLUP(a, {-0.9, 1001, 15}); }), golden("lup_three.txt"));
+  EXPECT_LT(norm(x - Vector{1, 1, 1}), kFactorTolerance);
+  EXPECT_EQ(captureTrace([&] { EXPECT_TRUE(solveWithLUP(Matrix(), Vector()).empty()); }),
+            "LUP decomposition start.\nL:\nU:\nP:\nP * L * U:\nLUP decomposition stop.\n\n");
+  EXPECT_EQ(captureTrace([&] { EXPECT_THROW(solveWithLUP(a, {1}), MatrixWrongDimensions); }),
+            golden("lup_three.txt"));
+  EXPECT_EQ(captureTrace([] { EXPECT_THROW(solveWithLUP(Matrix(1), {1}), MatrixIsSingular); }),
+            "LUP decomposition start.\n");
+}
 
 // Condition numbers below 1e3 let rounding errors of 1e-16 grow to some 1e-13.
 constexpr double kDirectTolerance = 1e-11;
@@ -78,6 +148,9 @@ TEST(IterativeSolvers, StopWithinTheAccuracy) {
       {burden, {6, 25, -11, 15}, {1, 2, -1, 1}, 1e-8, 27, 11},
       {matrixOf({{3, 0}, {0, -2}}), {6, 6}, {2, -3}, 1e-300, 1, 1},
       {Matrix(), {}, {}, 1e-300, 1, 1},
+      // q = 3: the estimate is the change, 3 in the first iteration.
+      {matrixOf({{1, 0}, {3, 1}}), {1, 5}, {1, 2}, 3.5, 1, 1},
+      {matrixOf({{1, 0}, {3, 1}}), {1, 5}, {1, 2}, 3, 2, 2},
       // (1/49)·49 is not 1, and what remains takes part.
       {matrixOf({{49}}), {1}, {1.0 / 49}, 1e-17, 2, 2},
   };

@@ -122,6 +122,14 @@ TEST(Newton, RefusesARowThatIsTooShort) {
   check({{solved(problem, 1), "dimensions", -1, "1\n"}});
 }
 
+TEST(Problems, ComputeEachFunctionByItsIndex) {
+  SimpleItersProblem simple = simpleIters({"x1", "x2+1"}, {0, 0}, 0.5);
+  EXPECT_EQ(simple.calcPhi(0, {5, 7}) * 100 + simple.calcPhi(1, {5, 7}), 508);
+  NewtonProblem problem = newton({"x1", "x2+1"}, {0, 0}, {{"1", "2*x1"}, {"3", "4"}});
+  EXPECT_EQ(problem.calcF(0, {5, 7}) * 100 + problem.calcF(1, {5, 7}), 508);
+  EXPECT_EQ(problem.calcJacobi(0, 1, {5, 7}) * 100 + problem.calcJacobi(1, 0, {5, 7}), 1003);
+}
+
 TEST(Solvers, EuclideanNormSumsInIndexOrder) {
   EXPECT_EQ(vnorm({}), 0);
   EXPECT_EQ(vnorm({3, -4}), 5);

@@ -3,17 +3,28 @@
 
 #include "nordika/trace.h"
 
+#include <complex>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <functional>
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 #include <sys/resource.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
 
 #include "capture.h"
+#include "matrices.h"
+#include "nordika/solver.h"
 
 namespace {
 
 using nordika::Trace;
+using nordika::TraceRedirect;
 
 TEST(Trace, KeepsProgramOrderWithTheStandardErrorStream) {
   const std::string text = captureTrace([] {
@@ -44,26 +55,160 @@ TEST(Trace, IsWrittenAtFlushPointsAndWhenItsScopeEnds) {
             "left");
 }
 
+// A write that is cut off may end inside a line or with one.
 TEST(Trace, LosesWhatCannotBeWrittenButNoLineAfterIt) {
   const auto previous = std::signal(SIGXFSZ, SIG_IGN);
   rlimit limit{};
   getrlimit(RLIMIT_FSIZE, &limit);
-  const rlimit small = {14, limit.rlim_max};
-  Trace::takeLoss();
-  const std::string text = captureTrace([&] {
-    setrlimit(RLIMIT_FSIZE, &small);
-    Trace trace;
-    for (const char* const line : {"whole\n", "cut off here\n", "lost\n"}) {
-      trace << line;
-      trace.flush();
-    }
-    setrlimit(RLIMIT_FSIZE, &limit);
-    trace << "whole again\n";
-  });
+  const std::pair<rlim_t, const char*> rows[] = {{14, "whole\ncut off \nwhole again\n"},
+                                                 {19, "whole\ncut off here\nwhole again\n"}};
+  for (const auto& [size, expected] : rows) {
+    Trace::takeLoss();
+    const rlimit small = {size, limit.rlim_max};
+    const std::string text = captureTrace([&] {
+      setrlimit(RLIMIT_FSIZE, &small);
+      Trace trace;
+      for (const char* const lines : {"whole\n", "cut off here\nor here\n", "lost\n"}) {
+        trace << lines;
+        trace.flush();
+      }
+      setrlimit(RLIMIT_FSIZE, &limit);
+      trace << "whole again\n";
+    });
+    EXPECT_EQ(text, expected);
+    EXPECT_TRUE(Trace::takeLoss());
+    EXPECT_FALSE(Trace::takeLoss());
+  }
   std::signal(SIGXFSZ, previous);
-  EXPECT_EQ(text, "whole\ncut off \nwhole again\n");
-  EXPECT_TRUE(Trace::takeLoss());
+}
+
+void solve() {
+  NewtonProblem problem({Function("x1^2-2")}, {1}, {{Function("2*x1")}});
+  int iters = 0;
+  const std::vector<double> x = solve_nonlinear_system_newton(problem, 1e-5, iters);
+  EXPECT_EQ(iters, 4);
+  EXPECT_NEAR(x[0], 1.41422, 1e-5);
+}
+
+TEST(TraceRedirect, GivesTheTextToTheInnermostFunction) {
+  const std::string trace = captureTrace(solve);
+  std::string outerText;
+  std::string innerText;
+  auto outer = std::make_unique<TraceRedirect>([&](std::string_view text) { outerText += text; });
+  auto inner = std::make_unique<TraceRedirect>([&](std::string_view text) {
+    if (innerText.empty()) solve();  // goes to the outer one
+    innerText += text;
+  });
+  EXPECT_EQ(captureTrace([] {
+              std::fputs("a word of the program's", stderr);
+              solve();
+            }),
+            "a word of the program's");
+  EXPECT_EQ(innerText, trace);
+  EXPECT_EQ(outerText, trace);
+  outer.reset();
+  EXPECT_EQ(captureTrace(solve), "");
+  EXPECT_EQ(innerText, trace + trace);
+  inner.reset();
+  EXPECT_EQ(captureTrace(solve), trace);
+}
+
+// The first word of each block of lines between two flushes.
+std::string blocks(const std::function<void()>& run) {
+  std::string words;
+  const TraceRedirect redirect([&words](std::string_view lines) {
+    words += std::string(lines.substr(0, lines.find_first_of(" :[\n"))) + " ";
+  });
+  run();
+  return words;
+}
+
+// A process that dies while a function or a matrix is computed leaves these blocks.
+TEST(Trace, IsFlushedBeforeEachComputation) {
+  const Matrix a = matrixOf({{2, 1}, {1, 2}});
+  const Vector b = {1, 2};
+  int iters = 0;
+  const struct {
+    std::function<void()> run;
+    const char* words;
+  } rows[] = {
+      {[&] {
+         SimpleItersProblem problem({Function("1")}, {0}, 0.5);
+         solve_nonlinear_system_simple_iters(problem, 0.1, iters);
+       },
+       "Solve Iteration Epsilon x Iteration Epsilon x Solve "},
+      {[&] {
+         NewtonProblem problem({Function("x1-1")}, {0}, {{Function("1")}});
+         solve_nonlinear_system_newton(problem, 1e300, iters);
+       },
+       "Solve Iteration LUP L Epsilon x Solve "},
+      {[&] { solveTridiagonalMatrixAlgo(a, b); }, "Tridiagonal P Q  result "},
+      {[&] { solveSimpleIterations(a, b, 9, iters); }, "Simple Iteration Simple "},
+      {[&] { solveSiedel(a, b, 9, iters); }, "Seidel Iteration Seidel "},
+      {[&] {
+         std::vector<std::complex<double>> roots;
+         getEigenvaluesWithQR(a, 9, roots, iters);
+       },
+       "QR Q Iteration Iteration QR "},
+      {[&] {
+         Vector values;
+         Matrix V;
+         getEigenvaluesWithJacobi(a, 9, values, V, iters);
+       },
+       "Jacobi Iteration Jacobi "},
+  };
+  for (const auto& [run, words] : rows)
+    EXPECT_EQ(blocks(run), words);
+}
+
+TEST(TraceRedirect, DiscardsOrLosesTextWithoutHarm) {
+  Trace::takeLoss();
+  Trace trace;
+  {
+    const TraceRedirect silence({});
+    trace << "unheard";
+    EXPECT_EQ(captureTrace(solve), "");
+  }
+  EXPECT_EQ(captureTrace([&trace] {
+              trace << "heard";
+              trace.flush();
+            }),
+            "heard");
   EXPECT_FALSE(Trace::takeLoss());
+  const TraceRedirect broken([](std::string_view) { throw 1; });
+  EXPECT_EQ(captureTrace(solve), "");
+  EXPECT_TRUE(Trace::takeLoss());
+}
+
+TEST(Trace, IsWrittenToAStreamWithoutADescriptor) {
+  char* text = nullptr;
+  std::size_t size = 0;
+  std::FILE* const terminal = std::exchange(stderr, open_memstream(&text, &size));
+  solve();
+  std::fclose(std::exchange(stderr, terminal));
+  EXPECT_EQ(std::string(text, size), captureTrace(solve));
+  std::free(text);
+}
+
+// For the thread sanitizer as well.
+TEST(Threads, KeepTracesApartAndShareTheStandardErrorStream) {
+  const std::string trace = captureTrace(solve);
+  const auto run = [&trace] {
+    for (int i = 0; i < 100; ++i) {
+      solve();
+      std::string text;
+      const TraceRedirect redirect([&text](std::string_view lines) { text += lines; });
+      solve();
+      EXPECT_EQ(text, trace);
+    }
+  };
+  captureTrace([&run] {
+    dup2(open("/dev/full", O_WRONLY), STDERR_FILENO);
+    std::thread first(run);
+    run();
+    first.join();
+  });
+  EXPECT_TRUE(Trace::takeLoss());
 }
 
 }  // namespace

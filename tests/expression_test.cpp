@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+#include "nordika/expression.h"
+
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
@@ -9,7 +12,6 @@
 #include <utility>
 #include <vector>
 
-#include "nordika/expression.h"
 #include "outcome.h"
 
 namespace {
@@ -123,6 +125,44 @@ TEST(Expression, SplitsTextIntoTypedTokens) {
   EXPECT_THROW(expression.priority({"x", Expression::variable}), ExpressionWrongFormat);
 }
 
+// Also of sequences that no text gives.
+TEST(Expression, ChecksWhatMayFollowWhat) {
+  using E = Expression;
+  const E::token kinds[] = {{"?", E::undefined},
+                            {"(", E::parenthesis},
+                            {")", E::parenthesis},
+                            {"+", E::undefined_operator},
+                            {"+", E::binary_operator},
+                            {"+", E::unary_operator},
+                            {"x", E::variable},
+                            {"1", E::number},
+                            {"sin", E::function},
+                            {"x", 8},
+                            {"x", -1}};
+  // A row for the first token, a column for the second one.
+  const char* const allowed[] = {"00000000000", "01011111100", "0011..00000", "01000011100",
+                                 "0..00011100", "0..00011100", "00111000000", "00111000000",
+                                 "01000000000", "00000000000", "00000000000"};
+  const E::token open = kinds[1], close = kinds[2], x = kinds[6];
+  for (std::size_t i = 0; i < std::size(kinds); ++i) {
+    for (std::size_t j = 0; j < std::size(kinds); ++j) {
+      const E::token first = kinds[i], second = kinds[j];
+      if (allowed[i][j] == '.') continue;
+      Tokens tokens = {first, second};
+      if (second.type == E::function) tokens.push_back(open);
+      if (tokens.back().text == "(" || tokens.back().text == "+") tokens.push_back(x);
+      if (first.text == ")") tokens.insert(tokens.begin(), {open, x});
+      if (first.text != "(" && second.text == ")") tokens.insert(tokens.begin(), open);
+      auto depth =
+          std::count_if(tokens.begin(), tokens.end(), [](auto& t) { return t.text == "("; });
+      depth -= std::count_if(tokens.begin(), tokens.end(), [](auto& t) { return t.text == ")"; });
+      tokens.insert(tokens.end(), static_cast<std::size_t>(depth), close);
+      const std::string end = outcomeOf([&] { return E("0").check_expression(tokens), "allowed"; });
+      EXPECT_EQ(end, allowed[i][j] == '1' ? "allowed" : "format") << i << " " << j;
+    }
+  }
+}
+
 TEST(Expression, ReadsAssignments) {
   const Row rows[] = {{"", ""},        {"a = inf", "!"},   {"a = .5 x = +5.", "0.5 5 "},
                       {"a=2", "!"},    {"a = nan", "!"},   {"a = 1.5x = 2", "1.5 2 "},
@@ -175,11 +215,21 @@ TEST(Calculate, TakesAnySequenceOfTokens) {
     Tokens out;
     EXPECT_THROW(e.convert_expression(tokens, out), ExpressionWrongFormat);
   }
+  // Operators that have their type keep it.
+  const E::token minus = {"-", E::unary_operator};
+  Tokens marked = {minus, minus, {"x", E::variable}};
+  Tokens out;
+  e.convert_expression(marked, out);
+  EXPECT_EQ(out.front().text, "x");
+  marked = {plus, plus};
+  e.mark_unaries(marked);
+  EXPECT_EQ(marked[0].type, E::unary_operator);
+  EXPECT_EQ(marked[1].type, E::binary_operator);
+  for (Tokens tokens : {Tokens(3, plus), {{"sin", E::function}, plus}})
+    EXPECT_THROW(e.mark_unaries(tokens), ExpressionWrongFormat);
   EXPECT_THROW(e.apply_unary("*", 1), ExpressionWrongFormat);
   EXPECT_THROW(e.apply_binary("%", 1, 2), ExpressionWrongFormat);
   EXPECT_THROW(e.apply_function("tan", 1), ExpressionWrongFormat);
-  EXPECT_EQ(e.apply_binary("-", 1, 3), -2);
-  EXPECT_TRUE(std::isnan(e.apply_function("sqrt", -1)));
 }
 
 TEST(Expression, TakesTextOfAnyLengthAndDepth) {
