@@ -38,12 +38,12 @@ TEST(Expression, EvaluatesToTheExactValue) {
       {"2*(-3)+(+1)", "-5"},
       {"sin(x)^2+cos(x)^2", "1"},
       {"sin(0)^2+4", "4"},
-      {"1/(1/0)", "0"},
-      {"1234567", "1234570"},
+      {"1/(1/0)", "0"},        // only the last value is checked
+      {"1234567", "1234570"},  // six digits
       {"pi", "3.1415926535897931"},
       {"arcctg(-1)", "2.3561944901923448"},
       {"ctg(1)", "0.64209261593433065"},
-      {"log2(3)", "1.5849625007211563"},
+      {"log2(3)", "1.5849625007211563"},  // ln(3)/ln(2)
       {"log10(3)-ln(3)/ln(10)", "0"},
       {"tg(1)", "1.5574077246549023"},
       {"arcsin(1)+arccos(1)+arctg(1)", "2.3561944901923448"},
@@ -54,9 +54,9 @@ TEST(Expression, EvaluatesToTheExactValue) {
       {"0.5 * (1. + 0.2 - 1e-1)", "0.54999999999999993"},
       {" \tx\n+\r1 ", "3"},
       {"-(x+1)", "-3"},
-      {"1e-400", "0"},
+      {"1e-400", "0"},  // too small for a double
       {"007.50", "7.5"},
-      {"PI", "unknown PI"},
+      {"PI", "unknown PI"},  // names distinguish case
       {"AZaz09+1", "unknown AZaz09"},
       {"sinx", "unknown sinx"},
       {"1/0", "bad result"},
@@ -164,6 +164,7 @@ TEST(Expression, ChecksWhatMayFollowWhat) {
 }
 
 TEST(Expression, ReadsAssignments) {
+  // A value ends with its last character: 1.5x is 1.5 and the name x.
   const Row rows[] = {{"", ""},        {"a = inf", "!"},   {"a = .5 x = +5.", "0.5 5 "},
                       {"a=2", "!"},    {"a = nan", "!"},   {"a = 1.5x = 2", "1.5 2 "},
                       {"a : 2", "!"},  {"a = +-2", "!"},   {"a\v=\f-1e-05", "-1e-05 "},
