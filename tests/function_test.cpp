@@ -14,10 +14,14 @@
 #include <utility>
 #include <vector>
 
+#include "expression/builtin_functions.h"
 #include "nordika/functions.h"
 #include "outcome.h"
 
 namespace {
+
+using nordika::detail::BuiltinFunction;
+using nordika::detail::kBuiltinFunctions;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
@@ -79,25 +83,6 @@ TEST(Function, TakesVectorsOfAnyLength) {
 
 using Values = std::map<std::string, double>;
 
-constexpr std::pair<const char*, double (*)(double)> kFunctions[] = {
-    {"sin", [](double x) { return std::sin(x); }},
-    {"cos", [](double x) { return std::cos(x); }},
-    {"tg", [](double x) { return std::tan(x); }},
-    {"ctg", [](double x) { return 1 / std::tan(x); }},
-    {"arcsin", [](double x) { return std::asin(x); }},
-    {"arccos", [](double x) { return std::acos(x); }},
-    {"arctg", [](double x) { return std::atan(x); }},
-    {"arcctg", [](double x) { return std::acos(0) - std::atan(x); }},
-    {"exp", [](double x) { return std::exp(x); }},
-    {"ln", [](double x) { return std::log(x); }},
-    {"log10", [](double x) { return std::log10(x); }},
-    {"log2", [](double x) { return std::log(x) / std::log(2); }},
-    {"abs", [](double x) { return x < 0 ? -x : x; }},
-    {"sqrt", [](double x) { return std::sqrt(x); }},
-    {"sinh", [](double x) { return std::sinh(x); }},
-    {"cosh", [](double x) { return std::cosh(x); }},
-};
-
 struct Operator {
   const char* name;
   int level;
@@ -115,7 +100,8 @@ constexpr Operator kOperators[] = {
 };
 
 // A text, how tightly its last operator binds, and its value by the meaning of its
-// parts: nothing of the engine takes part.
+// parts. Of the engine only the functions take part: Expression.EvaluatesToTheExactValue
+// has a value of each.
 struct Sample {
   std::string text;
   int level;
@@ -142,10 +128,10 @@ Sample randomSample(std::mt19937& random, int depth) {
   if (depth == 0) return randomLeaf(random);
   switch (random() % 6) {
     case 0: {
-      const auto builtin = kFunctions[random() % std::size(kFunctions)];
+      const BuiltinFunction builtin = kBuiltinFunctions[random() % std::size(kBuiltinFunctions)];
       const Sample x = operand(kAtomLevel + 1);
-      return {builtin.first + x.text, kAtomLevel,
-              [=](const Values& values) { return builtin.second(x.value(values)); }};
+      return {std::string(builtin.name) + x.text, kAtomLevel,
+              [=](const Values& values) { return builtin.compute(x.value(values)); }};
     }
     case 1: {
       const Sample x = operand(kUnaryLevel);
@@ -198,8 +184,8 @@ TEST(Function, HasTheValueOfItsText) {
 
 TEST(Expression, AppliesEachOperatorAndFunction) {
   const Expression e("0");
-  for (const auto& [name, compute] : kFunctions)
-    EXPECT_EQ(e.apply_function(name, 0.3), compute(0.3)) << name;
+  for (const auto& [name, compute] : kBuiltinFunctions)
+    EXPECT_EQ(e.apply_function(std::string(name), 0.3), compute(0.3)) << name;
   for (const auto& [name, level, compute] : kOperators) {
     EXPECT_EQ(e.apply_binary(name, 5, 3), compute(5, 3)) << name;
     EXPECT_EQ(e.priority({name, Expression::binary_operator}), level);
