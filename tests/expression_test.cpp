@@ -196,10 +196,12 @@ TEST(Calculate, TakesAnySequenceOfTokens) {
   const auto number = [](const char* text) { return E::token{text, E::number}; };
   const E::token plus = {"+", E::undefined_operator};
   EXPECT_EQ(e.calculate({number(" +0x10")}), 16);
+  EXPECT_EQ(e.calculate({number("0x10")}), 16);
   EXPECT_EQ(e.calculate({number("12abc")}), 12);
   EXPECT_EQ(e.calculate({number("abc")}), 0);
   EXPECT_EQ(e.calculate({number(("1" + std::string(60, '0')).c_str())}), 1e49);
-  EXPECT_THROW(e.calculate({number("inf")}), ExpressionBadResult);
+  for (const char* const text : {"inf", "1e400"})
+    EXPECT_THROW(e.calculate({number(text)}), ExpressionBadResult);
   const Tokens malformed[] = {{},
                               {number("1"), number("2")},
                               {number("1"), {"+", E::binary_operator}},

@@ -115,6 +115,10 @@ TEST(Tridiagonal, TracesTheSweep) {
   EXPECT_LT(norm(x - Vector{1, 1, 1}), kDirectTolerance);
   EXPECT_EQ(solve(matrixOf({{4}}), {-1}), start + "Q[1] = -0.25\n\nresult[1] = -0.25\n" + stop);
   EXPECT_EQ(solve(matrixOf({{0}}), {-1}), start + "Q[1] = -inf\n\nresult[1] = -inf\n" + stop);
+  const Matrix band = matrixOf({{4, 1, 0, 0}, {2, 5, -1, 0}, {0, 3, 6, 2}, {0, 0, -2, 7}});
+  const Vector solution = {1, -2, 3, 4};
+  solve(band, band * solution);
+  EXPECT_LT(norm(x - solution), kDirectTolerance);
   Matrix corner = getIdentityMatrix(3);
   corner[2][0] = 1e-300;
   EXPECT_EQ(captureTrace([&] {
