@@ -70,6 +70,8 @@ TEST(Function, FollowsItsVariablesThroughEveryChange) {
   EXPECT_THROW(other({1, 2}), ExpressionUnknownVariable);
   other.variables["c"] = 2;
   EXPECT_EQ(other({1, 2}), 5);
+  const auto taken = std::move(other.variables);
+  EXPECT_THROW(other({1, 2}), ExpressionUnknownVariable);
   Function moved = std::move(f);
   EXPECT_EQ(moved({4}), 3);
   // NOLINTNEXTLINE(bugprone-use-after-move,clang-analyzer-cplusplus.Move)

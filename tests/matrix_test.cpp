@@ -84,6 +84,8 @@ TEST(Matrix, MeasuresAndJudges) {
     a[0][2] = corner;
     EXPECT_FALSE(a.isTridiagonal());
     EXPECT_FALSE(a.transposed().isTridiagonal());
+    a[0][2] = 2;
+    EXPECT_FALSE(a.isSymmetrical());
   }
 }
 
