@@ -12,6 +12,7 @@
 #include <random>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "number/fixed_decimals.h"
@@ -25,9 +26,10 @@ using nordika::detail::roundToSixDigits;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-std::string printed(const char* format, double x) {
+template <typename... Numbers>
+std::string printed(const char* format, Numbers... numbers) {
   char text[512];
-  std::snprintf(text, sizeof text, format, x);
+  std::snprintf(text, sizeof text, format, numbers...);
   return text;
 }
 
@@ -38,7 +40,7 @@ std::string sixDigits(double x) {
 
 std::string fixedDecimals(double x, int width, int decimals) {
   char room[nordika::detail::kFixedLength];
-  return std::string(nordika::detail::writeFixed(room, x, width, decimals));
+  return {room, nordika::detail::writeFixed(room, x, width, decimals)};
 }
 
 // Values of every magnitude; ties of the seventh digit and of the third and sixth
@@ -75,8 +77,8 @@ TEST(Numbers, AreWrittenAndRoundedAsTheCConversionsDoIt) {
       ASSERT_EQ(std::bit_cast<std::uint64_t>(roundToSixDigits(x)),
                 std::bit_cast<std::uint64_t>(std::strtod(expected.c_str(), nullptr)))
           << expected;
-      ASSERT_EQ(fixedDecimals(x, 7, 3), printed("%7.3f", x));
-      ASSERT_EQ(fixedDecimals(x, 10, 6), printed("%10.6f", x));
+      for (const auto& [width, decimals] : {std::pair(7, 3), {10, 6}, {16, 1}, {0, 2}})
+        ASSERT_EQ(fixedDecimals(x, width, decimals), printed("%*.*f", width, decimals, x));
     }
   }
 }

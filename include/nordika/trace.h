@@ -7,9 +7,10 @@
 #ifndef NORDIKA_TRACE_H
 #define NORDIKA_TRACE_H
 
+#include <cstddef>
 #include <functional>
-#include <string>
 #include <string_view>
+#include <vector>
 
 namespace nordika {
 
@@ -81,6 +82,9 @@ class Trace {
   /// @param decimals 1 to 6
   Trace& cell(double number, int width, int decimals);
 
+  /// Appends a line of n elements of a matrix, each as cell() does.
+  Trace& row(const double* elements, int n, int width, int decimals);
+
   /// Writes the gathered lines. In the standard error stream they follow the text
   /// that the C library still holds for that stream. A stream without a descriptor
   /// gets them by the functions of the C library. Lines that cannot be written
@@ -100,9 +104,13 @@ class Trace {
   static TraceRedirect* currentRedirect();
 
   // Only tested between two flushes: a block of lines is whole or absent.
-  bool ignores() const { return pending.empty() && isDiscarded(); }
+  bool ignores() const { return pending == 0 && isDiscarded(); }
 
-  std::string pending;
+  char* roomFor(std::size_t characters);
+  void endAt(const char* end);
+
+  std::vector<char> room;
+  std::size_t pending = 0;  // the characters at the front of the room that wait for flush()
 };
 
 }  // namespace nordika

@@ -24,11 +24,9 @@ inline constexpr ElementFormat kEigenElements = {10, 6};
 inline void writeMatrix(Trace& trace, std::string_view label, const Matrix& a,
                         ElementFormat format) {
   trace << label << "\n";
-  for (int i = 0; i < a.dimension(); ++i) {
-    for (int j = 0; j < a.dimension(); ++j)
-      trace.cell(a(i, j), format.width, format.decimals);
-    trace << "\n";
-  }
+  const int n = a.dimension();
+  for (int i = 0; i < n; ++i)
+    trace.row(a[i].data(), n, format.width, format.decimals);
 }
 
 }  // namespace nordika::detail

@@ -4,8 +4,6 @@
 #ifndef NORDIKA_NUMBER_FIXED_DECIMALS_H
 #define NORDIKA_NUMBER_FIXED_DECIMALS_H
 
-#include <string_view>
-
 namespace nordika::detail {
 
 /// The room that writeFixed() needs. The largest double has 309 digits before
@@ -13,10 +11,11 @@ namespace nordika::detail {
 inline constexpr int kFixedLength = 330;
 
 /// Writes x as the C conversion "%<width>.<decimals>f" does in the "C" locale.
+/// @param out room for kFixedLength characters; no terminator is written
 /// @param width at most 16
 /// @param decimals 1 to 6
-/// @return the text, somewhere in `room`
-std::string_view writeFixed(char (&room)[kFixedLength], double x, int width, int decimals);
+/// @return the place after the last character
+char* writeFixed(char* out, double x, int width, int decimals);
 
 }  // namespace nordika::detail
 

@@ -21,35 +21,38 @@ inline double powerOfTen(int k) {
   return powers[k - kSmallestPower];
 }
 
-/// The integer nearest to t, ties to even, for |t| < 2^51 and s the double
-/// nearest to t. `beyond` is called only if s is halfway between two integers;
-/// it returns the sign of t - s.
-///
-/// Below 2^51 every half is a double. Rounding is monotonic: s and t lie on the
-/// same side of a half unless s equals it.
-template <typename Beyond>
-double nearestInteger(double s, Beyond beyond) {
-  const double integer = (s + 0x1.8p52) - 0x1.8p52;  // ties to even
-  if (std::abs(s - integer) < 0.5) [[likely]]
-    return integer;
-  const double sign = beyond();
-  return sign > 0 ? std::ceil(s) : sign < 0 ? std::floor(s) : integer;
+/// The integer nearest to t, ties to even, for the double s nearest to t that is
+/// halfway between two integers. a·b + c has the sign of t - s.
+double nearestBesideHalf(double s, double a, double b, double c);
+
+/// The integer nearest to s, ties to even, for |s| < 2^51.
+inline double nearestInteger(double s) {
+  return (s + 0x1.8p52) - 0x1.8p52;
 }
 
 /// The integer nearest to x·10^k, ties to even, for |x·10^k| < 2^51 and
 /// 0 <= k <= kLargestPower.
+///
+/// Below 2^51 every half is a double. Rounding is monotonic: the double nearest to
+/// the product lies on the same side of a half as the product, unless it equals it.
 inline double nearestToProduct(double x, int k) {
   const double power = powerOfTen(k);
   const double s = x * power;
-  return nearestInteger(s, [=] { return std::fma(x, power, -s); });
+  const double integer = nearestInteger(s);
+  if (std::abs(s - integer) < 0.5) [[likely]]
+    return integer;
+  return nearestBesideHalf(s, x, power, -s);
 }
 
 /// The integer nearest to x/10^k, ties to even, for |x/10^k| < 2^51 and
-/// 0 <= k <= kLargestPower.
+/// 0 <= k <= kLargestPower. See nearestToProduct().
 inline double nearestToQuotient(double x, int k) {
   const double power = powerOfTen(k);
   const double s = x / power;
-  return nearestInteger(s, [=] { return std::fma(-s, power, x); });
+  const double integer = nearestInteger(s);
+  if (std::abs(s - integer) < 0.5) [[likely]]
+    return integer;
+  return nearestBesideHalf(s, -s, power, x);
 }
 
 }  // namespace nordika::detail

@@ -60,6 +60,11 @@ char* writeSixDigits(char* out, double x) {
   return withExponent ? writeExponent(out, e) : out;
 }
 
+double nearestBesideHalf(double s, double a, double b, double c) {
+  const double side = std::fma(a, b, c);
+  return side > 0 ? std::ceil(s) : side < 0 ? std::floor(s) : nearestInteger(s);
+}
+
 double roundThroughText(double x) {
   if (x == 0 || !std::isfinite(x)) return x;
   char text[kSixDigitsLength];

@@ -3,11 +3,13 @@
 
 #include "nordika/trace.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <charconv>
 #include <cstdio>
 #include <limits>
+#include <stdio_ext.h>
 #include <unistd.h>
 #include <utility>
 
@@ -45,12 +47,20 @@ std::size_t writeAll(std::string_view bytes) {
 }
 
 void writeToStandardError(std::string_view text) {
-  std::fflush(stderr);
+  if (__fpending(stderr) > 0) std::fflush(stderr);
   if (endsInsideLine && writeAll("\n") == 1) endsInsideLine = false;
   const std::size_t written = endsInsideLine ? 0 : writeAll(text);
   if (written == text.size()) return;
   hasLost = true;
   if (written > 0) endsInsideLine = text[written - 1] != '\n';
+}
+
+constexpr std::size_t kCellLength = detail::kFixedLength + 1;
+
+char* writeCell(char* out, double number, int width, int decimals) {
+  char* const end = detail::writeFixed(out, number, width, decimals);
+  *end = ' ';
+  return end + 1;
 }
 
 }  // namespace
@@ -68,51 +78,67 @@ TraceRedirect::~TraceRedirect() {
 }
 
 Trace::Trace() {
-  if (!ignores()) pending.reserve(1024);  // the largest block of lines of a window's run
+  if (!ignores()) room.resize(4096);  // twice the largest block of lines of a window's run
+}
+
+char* Trace::roomFor(std::size_t characters) {
+  if (room.size() - pending < characters) room.resize(2 * room.size() + characters);
+  return room.data() + pending;
+}
+
+void Trace::endAt(const char* end) {
+  pending = static_cast<std::size_t>(end - room.data());
 }
 
 Trace& Trace::operator<<(std::string_view text) {
-  if (!ignores()) pending += text;
+  if (!ignores()) endAt(std::copy(text.begin(), text.end(), roomFor(text.size())));
   return *this;
 }
 
 Trace& Trace::operator<<(int number) {
   if (ignores()) return *this;
-  char text[std::numeric_limits<int>::digits10 + 3];
-  pending.append(text, std::to_chars(text, text + sizeof text, number).ptr);
+  constexpr std::size_t kLength = std::numeric_limits<int>::digits10 + 2;
+  char* const out = roomFor(kLength);
+  endAt(std::to_chars(out, out + kLength, number).ptr);
   return *this;
 }
 
 Trace& Trace::operator<<(double number) {
-  if (ignores()) return *this;
-  char text[detail::kSixDigitsLength];
-  pending.append(text, detail::writeSixDigits(text, number));
+  if (!ignores()) endAt(detail::writeSixDigits(roomFor(detail::kSixDigitsLength), number));
   return *this;
 }
 
 Trace& Trace::cell(double number, int width, int decimals) {
+  if (!ignores()) endAt(writeCell(roomFor(kCellLength), number, width, decimals));
+  return *this;
+}
+
+Trace& Trace::row(const double* elements, int n, int width, int decimals) {
   if (ignores()) return *this;
-  char room[detail::kFixedLength];
-  pending += detail::writeFixed(room, number, width, decimals);
-  pending += ' ';
+  char* end = roomFor(static_cast<std::size_t>(n) * kCellLength + 1);
+  for (int j = 0; j < n; ++j)
+    end = writeCell(end, elements[j], width, decimals);
+  *end++ = '\n';
+  endAt(end);
   return *this;
 }
 
 void Trace::flush() noexcept {
-  if (pending.empty()) return;
+  if (pending == 0) return;
+  const std::string_view lines(room.data(), pending);
+  pending = 0;
   TraceRedirect* const redirect = currentRedirect();
   if (redirect == nullptr) {
-    writeToStandardError(pending);
+    writeToStandardError(lines);
   } else if (redirect->write) {
     redirect->isSuspended = true;
     try {
-      redirect->write(pending);
+      redirect->write(lines);
     } catch (...) {
       hasLost = true;
     }
     redirect->isSuspended = false;
   }
-  pending.clear();
 }
 
 TraceRedirect* Trace::currentRedirect() {
