@@ -50,22 +50,44 @@ TEST(LUP, KeepsItsOutputsAsTheyWereWhenItStops) {
 // of n·eps·growth; 1e-12 leaves it two orders for n = 30 and elements below 1.
 constexpr double kFactorTolerance = 1e-12;
 
-TEST(LUP, FactorsAndSolvesRandomSystems) {
-  for (int n = 1; n <= 30; ++n) {
-    const Matrix a = randomMatrix(n, static_cast<unsigned>(n));
-    Matrix L, U, P;
-    int swaps = 0;
-    LUPdecomposition(a, L, U, P, swaps);
-    for (int i = 1; i < n; ++i) {
-      for (int j = 0; j < i; ++j) {
-        EXPECT_LE(std::abs(L(i, j)), 1);
-        EXPECT_EQ(L(j, i), 0);
-        U(i, j) = 0;
-      }
+// Gaussian elimination of the columns before `end`, each step in all columns.
+void eliminate(Matrix& L, Matrix& U, Matrix& P, int end) {
+  const int n = U.dimension();
+  for (int k = 0; k < end; ++k) {
+    int pivot = k;
+    for (int i = k; i < n; ++i)
+      if (std::abs(U(i, k)) > std::abs(U(pivot, k))) pivot = i;
+    for (Matrix* const factor : {&L, &U, &P})
+      factor->swapRows(k, pivot);
+    L.swapColumns(k, pivot);
+    for (int i = k + 1; i < n; ++i) {
+      L(i, k) = U(i, k) / U(k, k);
+      for (int j = k; j < n; ++j)
+        U(i, j) -= L(i, k) * U(k, j);
     }
-    EXPECT_LT(norm(P * a - L * U), kFactorTolerance);
-    const Vector b = a * Vector(static_cast<std::size_t>(n), 1.0);
-    EXPECT_LT(norm(a * solveWithLUP(L, U, P, b) - b), kFactorTolerance);
+  }
+}
+
+TEST(LUP, FactorsRandomSystemsAsPlainEliminationAndSolvesThem) {
+  for (int n = 1; n <= 13; ++n) {
+    for (int end = 0; end <= n; ++end) {  // the column without a pivot, or none
+      Matrix a = randomMatrix(n, static_cast<unsigned>(n));
+      const Vector zeros(static_cast<std::size_t>(n));
+      if (end < n) a.insertColumn(end, zeros);
+      Matrix L, U, P, plainL = getIdentityMatrix(n), plainU = a, plainP = plainL;
+      eliminate(plainL, plainU, plainP, end);
+      int swaps = 0;
+      if (end < n) {
+        EXPECT_THROW(LUPdecomposition(a, L, U, P, swaps), MatrixIsSingular);
+      } else {
+        LUPdecomposition(a, L, U, P, swaps);
+        const Vector x = solveWithLUP(L, U, P, a * a[0]);
+        EXPECT_LT(norm(P * a - L * U), kFactorTolerance);
+        EXPECT_LT(norm(x - a[0]), kFactorTolerance);
+      }
+      EXPECT_EQ(printed(L) + printed(U) + printed(P),
+                printed(plainL) + printed(plainU) + printed(plainP));
+    }
   }
 }
 

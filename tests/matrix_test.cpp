@@ -96,8 +96,8 @@ TEST(Matrix, SumsInIndexOrder) {
   EXPECT_EQ(dotProduct(terms, ones), 1);
   EXPECT_EQ(matrixOf({terms, ones, ones, ones}) * ones, Vector({1, 4, 4, 4}));
   EXPECT_EQ(norm2({1e8, 1, 1}), 1e16);
-  // Large products are computed in panels, with rows and columns left over.
-  for (const int n : {4, 40, 41, 42, 47}) {
+  // Products are computed in columns or panels, with rows and columns left over.
+  for (const int n : {1, 4, 7, 40, 41, 42, 47}) {
     const Matrix a = randomMatrix(n, 1), b = randomMatrix(n, 2), columns = b.transposed();
     Matrix product(n);
     for (int i = 0; i < n; ++i) {

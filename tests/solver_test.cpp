@@ -73,6 +73,28 @@ TEST(Newton, TracesEveryIteration) {
   EXPECT_NEAR(run.x.at(0), std::sqrt(2.0), 1e-5);
 }
 
+TEST(Solvers, StepAsTheirPartsDo) {
+  NewtonProblem f = newton({"x1^2/3+x2-a", "ln(x1)-x2", "x3-x1/7"}, {1, 2, 3},
+                           {{"2*x1/3", "1", "0"}, {"1/x1", "-1", "0"}, {"-1/7", "0", "1"}});
+  SimpleItersProblem phi = simpleIters({"cos(x2)/3", "sin(x1)/3+0.2"}, {1, 2}, 0.5);
+  const Solved byNewton = solved(f, 1e-5);
+  const Solved bySimpleIterations = solved(phi, 1e-5);
+  Vector x = {1, 2, 3};
+  Vector y = {1, 2};
+  captureTrace([&] {
+    for (int k = 0; k < byNewton.iters; ++k) {
+      Matrix W(3);
+      for (int i = 0; i < 9; ++i)
+        W(i / 3, i % 3) = f.calcJacobi(i / 3, i % 3, x);
+      x = x + solveWithLUP(W, {-f.calcF(0, x), -f.calcF(1, x), -f.calcF(2, x)});
+    }
+  });
+  for (int k = 0; k < bySimpleIterations.iters; ++k)
+    y = {phi.calcPhi(0, y), phi.calcPhi(1, y)};
+  EXPECT_EQ(byNewton.x, x);
+  EXPECT_EQ(bySimpleIterations.x, y);
+}
+
 struct Row {
   Solved run;
   std::string end;

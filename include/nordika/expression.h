@@ -18,8 +18,9 @@
 #include "nordika/detail/value_map.h"
 
 namespace nordika::detail {
+class Point;
 class Program;
-}
+}  // namespace nordika::detail
 
 /// An expression, a token sequence or an assignment text is malformed, or an
 /// operator or function is not known.
@@ -206,7 +207,11 @@ class Expression {
     std::uint64_t version = 0;  // of `variables`
   };
 
+  friend class nordika::detail::Point;
+
+  double evaluateAtRounded(const std::vector<double>& x);
   void bindNewArguments(const std::vector<double>& x);
+  double evaluateBound();
   void locateOperands();
 
   std::shared_ptr<const nordika::detail::Program> program;  // shared by all copies

@@ -18,6 +18,10 @@ namespace nordika {
 /// The accuracy is tested before the limit, so the last one may still succeed.
 inline constexpr int kMaxLinearIterations = 100001;
 
+namespace detail {
+class LupSolver;
+}
+
 }  // namespace nordika
 
 /// Two vectors of different lengths were given to a product of vectors.
@@ -121,6 +125,10 @@ class Matrix {
   bool isSymmetrical() const;
 
  private:
+  friend class nordika::detail::LupSolver;
+
+  // Makes this the product; neither factor is this. Memory is reused.
+  void assignProduct(const Matrix& a, const Matrix& b);
   void checkIndices(int i, int j) const;
   void checkDimension(std::size_t n) const;
 

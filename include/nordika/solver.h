@@ -60,6 +60,9 @@ class SimpleItersProblem {
   int size() const { return static_cast<int>(phi.size()); }
 
  private:
+  friend std::vector<double> solve_nonlinear_system_simple_iters(SimpleItersProblem& problem,
+                                                                 const double& eps, int& iters);
+
   std::vector<Function> phi;
   std::vector<double> start;
   double q = 0;
@@ -97,6 +100,9 @@ class NewtonProblem {
   int size() const { return static_cast<int>(f.size()); }
 
  private:
+  friend std::vector<double> solve_nonlinear_system_newton(NewtonProblem& problem,
+                                                           const double& eps, int& iters);
+
   std::vector<Function> f;
   std::vector<double> start;
   std::vector<std::vector<Function>> jacobi;

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "expression/point.h"
 #include "expression/program.h"
 #include "number/six_digits.h"
 
@@ -50,6 +51,13 @@ void Expression::locateOperands() {
   binding.operands = program->locate(variables);
 }
 
+double Expression::evaluateBound() {
+  if (binding.operands.empty()) locateOperands();
+  const double value = program->run(binding.operands.data(), binding.stack.data());
+  checkValue(value);
+  return value;
+}
+
 double Expression::evaluateAt(const std::vector<double>& x) {
   checkValue(x);
   if (binding.version != variables.version() || binding.arguments.size() < x.size())
@@ -57,8 +65,30 @@ double Expression::evaluateAt(const std::vector<double>& x) {
   double* const* argument = binding.arguments.data();
   for (const double value : x)
     **argument++ = roundToSixDigits(value);
-  if (binding.operands.empty()) locateOperands();
-  const double value = program->run(binding.operands.data(), binding.stack.data());
-  checkValue(value);
-  return value;
+  return evaluateBound();
 }
+
+// The same for finite elements that are rounded already.
+double Expression::evaluateAtRounded(const std::vector<double>& x) {
+  if (binding.version != variables.version() || binding.arguments.size() < x.size())
+    bindNewArguments(x);
+  double* const* argument = binding.arguments.data();
+  for (const double value : x)
+    **argument++ = value;
+  return evaluateBound();
+}
+
+namespace nordika::detail {
+
+void Point::assign(const std::vector<double>& x) {
+  checkValue(x);
+  arguments.clear();
+  for (const double value : x)
+    arguments.push_back(roundToSixDigits(value));
+}
+
+double Point::valueOf(Function& f) const {
+  return f.evaluateAtRounded(arguments);
+}
+
+}  // namespace nordika::detail

@@ -1,19 +1,24 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
+#include "matrix/lup_solver.h"
 #include "matrix/matrix_trace.h"
 #include "nordika/matrix.h"
 #include "nordika/trace.h"
 
 using nordika::Trace;
 using nordika::detail::ElementFormat;
+using nordika::detail::LupSolver;
 using nordika::detail::writeMatrix;
 
 namespace {
 
 constexpr double kSmallestPivot = 1e-8;
+constexpr int kBlock = 4;
 constexpr ElementFormat kFactorElements = {7, 3};  // "%7.3lf "
 
 // Reuses the memory of a matrix that has the dimension already.
@@ -26,29 +31,83 @@ void makeIdentity(Matrix& a, int n) {
 }
 
 // The row of the largest element of column k on or below the diagonal, the
-// upper one of equals; never that of a NaN.
+// upper one of equals; never that of a NaN. No row has an index below 0: then no
+// element is large enough.
 int findPivot(const Matrix& U, int k) {
   double best = -1;
   int pivot = -1;
   for (int i = k; i < U.dimension(); ++i) {
-    if (std::abs(U(i, k)) > best) {
-      best = std::abs(U(i, k));
+    const double size = std::abs(U(i, k));
+    if (size > best) {
+      best = size;
       pivot = i;
     }
   }
-  if (kSmallestPivot > best) throw MatrixIsSingular();
-  return pivot;
+  return kSmallestPivot > best ? -1 : pivot;
 }
 
-void eliminateBelow(Matrix& L, Matrix& U, int k) {
-  const int n = U.dimension();
+// Step k in the columns k .. end-1.
+void eliminateBelow(Matrix& L, Matrix& U, int k, int end) {
   const double* const pivotRow = U[k].data();
-  for (int i = k + 1; i < n; ++i) {
+  for (int i = k + 1; i < U.dimension(); ++i) {
     double* const row = U[i].data();
     const double multiplier = row[k] / pivotRow[k];
     L(i, k) = multiplier;
-    for (int j = k; j < n; ++j)
+    for (int j = k; j < end; ++j)
       row[j] -= multiplier * pivotRow[j];
+  }
+}
+
+// The steps begin .. end-1 in the columns from `first` on.
+void eliminateRight(const Matrix& L, Matrix& U, int begin, int end, int first) {
+  const int n = U.dimension();
+  if (first >= n) return;
+  for (int i = begin + 1; i < n; ++i) {
+    const double* const m = L[i].data() + begin;
+    double* const row = U[i].data();
+    if (i >= end && end - begin == kBlock) {
+      const double* const a = U[begin].data();
+      const double* const b = U[begin + 1].data();
+      const double* const c = U[begin + 2].data();
+      const double* const d = U[begin + 3].data();
+      for (int j = first; j < n; ++j)
+        row[j] = row[j] - m[0] * a[j] - m[1] * b[j] - m[2] * c[j] - m[3] * d[j];
+    } else {
+      for (int k = begin; k < std::min(i, end); ++k) {
+        const double* const pivotRow = U[k].data();
+        for (int j = first; j < n; ++j)
+          row[j] -= m[k - begin] * pivotRow[j];
+      }
+    }
+  }
+}
+
+void substitute(const Matrix& L, const Matrix& U, const Matrix& P, const std::vector<double>& b,
+                std::vector<double>& solution) {
+  const int n = P.dimension();
+  if (std::ssize(b) != n || L.dimension() != n || U.dimension() != n) throw MatrixWrongDimensions();
+  solution.resize(b.size());
+  double* const x = solution.data();
+  for (int i = 0; i < n; ++i) {
+    const double* const row = P[i].data();
+    double sum = 0;
+    for (int j = 0; j < n; ++j)
+      sum += row[j] * b.data()[j];
+    x[i] = sum;
+  }
+  for (int i = 1; i < n; ++i) {
+    const double* const row = L[i].data();
+    double rest = x[i];
+    for (int j = 0; j < i; ++j)
+      rest -= row[j] * x[j];
+    x[i] = rest;
+  }
+  for (int i = n - 1; i >= 0; --i) {
+    const double* const row = U[i].data();
+    double rest = x[i];
+    for (int j = i + 1; j < n; ++j)
+      rest -= row[j] * x[j];
+    x[i] = rest / row[i];
   }
 }
 
@@ -62,53 +121,55 @@ void LUPdecomposition(const Matrix& A, Matrix& L, Matrix& U, Matrix& P, int& swa
   makeIdentity(L, n);
   makeIdentity(P, n);
   swaps = 0;
-  for (int k = 0; k < n; ++k) {
-    const int pivot = findPivot(U, k);
-    if (pivot != k) {
-      U.swapRows(k, pivot);
-      P.swapRows(k, pivot);
-      // The stored multipliers move with their rows; the exchange of columns
-      // puts the unit diagonal back.
-      L.swapRows(k, pivot);
-      L.swapColumns(k, pivot);
-      ++swaps;
+  for (int begin = 0; begin < n; begin += kBlock) {
+    const int end = std::min(begin + kBlock, n);
+    for (int k = begin; k < end; ++k) {
+      const int pivot = findPivot(U, k);
+      if (pivot < 0) {
+        eliminateRight(L, U, begin, k, end);
+        throw MatrixIsSingular();
+      }
+      if (pivot != k) {
+        U[k].swap(U[pivot]);
+        P[k].swap(P[pivot]);
+        // The multipliers move with their rows, the unit diagonal stays.
+        std::swap_ranges(L[k].begin(), L[k].begin() + k, L[pivot].begin());
+        ++swaps;
+      }
+      eliminateBelow(L, U, k, end);
     }
-    eliminateBelow(L, U, k);
+    eliminateRight(L, U, begin, end, end);
   }
 }
 
 std::vector<double> solveWithLUP(const Matrix& L, const Matrix& U, const Matrix& P,
                                  const std::vector<double>& b) {
-  std::vector<double> solution = P * b;
-  const int n = P.dimension();
-  if (L.dimension() != n || U.dimension() != n) throw MatrixWrongDimensions();
-  double* const x = solution.data();
-  for (int i = 1; i < n; ++i) {
-    for (int j = 0; j < i; ++j)
-      x[i] -= L(i, j) * x[j];
-  }
-  for (int i = n - 1; i >= 0; --i) {
-    for (int j = i + 1; j < n; ++j)
-      x[i] -= U(i, j) * x[j];
-    x[i] /= U(i, i);
-  }
-  return solution;
+  std::vector<double> x;
+  substitute(L, U, P, b, x);
+  return x;
 }
 
 std::vector<double> solveWithLUP(const Matrix& A, const std::vector<double>& b) {
   Trace trace;
+  return LupSolver().solve(A, b, trace);
+}
+
+const std::vector<double>& LupSolver::solve(const Matrix& A, const std::vector<double>& b,
+                                            Trace& trace) {
   trace << "LUP decomposition start.\n";
   trace.flush();
-  Matrix L;
-  Matrix U;
-  Matrix P;
   int swaps = 0;
   LUPdecomposition(A, L, U, P, swaps);
-  writeMatrix(trace, "L:", L, kFactorElements);
-  writeMatrix(trace, "U:", U, kFactorElements);
-  writeMatrix(trace, "P:", P, kFactorElements);
-  if (!Trace::isDiscarded()) writeMatrix(trace, "P * L * U:", P * L * U, kFactorElements);
-  trace << "LUP decomposition stop.\n\n";
-  trace.flush();
-  return solveWithLUP(L, U, P, b);
+  if (!Trace::isDiscarded()) {
+    writeMatrix(trace, "L:", L, kFactorElements);
+    writeMatrix(trace, "U:", U, kFactorElements);
+    writeMatrix(trace, "P:", P, kFactorElements);
+    PL.assignProduct(P, L);
+    PLU.assignProduct(PL, U);
+    writeMatrix(trace, "P * L * U:", PLU, kFactorElements);
+    trace << "LUP decomposition stop.\n\n";
+    trace.flush();
+  }
+  substitute(L, U, P, b, x);
+  return x;
 }

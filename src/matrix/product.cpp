@@ -79,37 +79,53 @@ void multiplyRows(const Rows& a, std::size_t i, const Pairs& panels, Pairs& fact
   }
 }
 
-// The three loops, with k outside j to read whole rows.
-void multiplyDirectly(const Rows& a, const Rows& b, Rows& product) {
+// The three loops for `width` columns, whose sums stay in registers.
+template <std::size_t width>
+void multiplyColumns(const Rows& a, const Rows& b, std::size_t j, Rows& product) {
   const std::size_t n = a.size();
   for (std::size_t i = 0; i < n; ++i) {
-    double* const sums = product[i].data();
+    const double* const factors = a[i].data();
+    double sums[width] = {};
     for (std::size_t k = 0; k < n; ++k) {
-      const double factor = a[i][k];
-      const double* const row = b[k].data();
-      for (std::size_t j = 0; j < n; ++j)
-        sums[j] += factor * row[j];
+      const double* const row = b.data()[k].data() + j;
+      for (std::size_t c = 0; c < width; ++c)
+        sums[c] += factors[k] * row[c];
     }
+    std::copy(sums, sums + width, product[i].data() + j);
   }
+}
+
+void multiplyDirectly(const Rows& a, const Rows& b, Rows& product) {
+  const std::size_t n = a.size();
+  std::size_t j = 0;
+  for (; j + 4 <= n; j += 4)
+    multiplyColumns<4>(a, b, j, product);
+  for (; j < n; ++j)
+    multiplyColumns<1>(a, b, j, product);
 }
 
 }  // namespace
 
 Matrix Matrix::operator*(const Matrix& b) const {
-  checkDimension(b.rows.size());
-  const std::size_t n = rows.size();
-  Matrix product(dimension());
+  Matrix product;
+  product.assignProduct(*this, b);
+  return product;
+}
+
+void Matrix::assignProduct(const Matrix& a, const Matrix& b) {
+  a.checkDimension(b.rows.size());
+  const std::size_t n = a.rows.size();
+  if (rows.size() != n) *this = Matrix(a.dimension());
   if (n < kSmallest) {
-    multiplyDirectly(rows, b.rows, product.rows);
-    return product;
+    multiplyDirectly(a.rows, b.rows, rows);
+    return;
   }
   const Pairs panels = packPanels(b.rows);
   Pairs factors(n * kHeight);
   std::size_t i = 0;
   for (; i + kHeight <= n; i += kHeight) {
-    multiplyRows<kHeight>(rows, i, panels, factors, product.rows);
+    multiplyRows<kHeight>(a.rows, i, panels, factors, rows);
   }
   for (; i < n; ++i)
-    multiplyRows<1>(rows, i, panels, factors, product.rows);
-  return product;
+    multiplyRows<1>(a.rows, i, panels, factors, rows);
 }

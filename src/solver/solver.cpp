@@ -7,11 +7,15 @@
 #include <cstddef>
 #include <iterator>
 
+#include "expression/point.h"
+#include "matrix/lup_solver.h"
 #include "nordika/trace.h"
 #include "solver/precondition.h"
 
 using nordika::kMaxIterations;
 using nordika::Trace;
+using nordika::detail::LupSolver;
+using nordika::detail::Point;
 
 namespace {
 
@@ -93,14 +97,18 @@ std::vector<double> solve_nonlinear_system_simple_iters(SimpleItersProblem& prob
   trace << "Solve nonlinear system with simple iterations method start.\n";
   trace.flush();
   std::vector<double> x = problem.getStart();
-  std::vector<double> prev = x;
+  std::vector<double> step = x;
+  Point prev;
   const double factor = problem.getQ() / (1.0 - problem.getQ());
   for (int k = 1;; ++k) {
     writeIterationStart(trace, k);
-    x.clear();
-    for (int i = 0; i < problem.size(); ++i)
-      x.push_back(problem.calcPhi(i, prev));
-    const double estimate = factor * vnorm(x - prev);
+    prev.assign(x);
+    step.swap(x);
+    for (std::size_t i = 0; i < x.size(); ++i) {
+      x[i] = prev.valueOf(problem.phi[i]);
+      step[i] = x[i] - step[i];
+    }
+    const double estimate = factor * vnorm(step);
     writeIterationResult(trace, estimate, x);
     // False for a NaN: such a run ends in a function or at the limit.
     if (eps > estimate) {
@@ -110,7 +118,6 @@ std::vector<double> solve_nonlinear_system_simple_iters(SimpleItersProblem& prob
       return x;
     }
     if (k == kMaxIterations) throw MaxItersCountAchieved();
-    prev = x;
   }
 }
 
@@ -121,19 +128,25 @@ std::vector<double> solve_nonlinear_system_newton(NewtonProblem& problem, const 
   trace.flush();
   const int n = problem.size();
   std::vector<double> x = problem.getStart();
+  Point point;
   Matrix W(n);
-  std::vector<double> r;
+  std::vector<double> r(x.size());
+  LupSolver solver;
   for (int k = 1;; ++k) {
     writeIterationStart(trace, k);
-    r.clear();
+    point.assign(x);
     for (int i = 0; i < n; ++i)
-      r.push_back(-problem.calcF(i, x));
+      r.begin()[i] = -point.valueOf(problem.f.begin()[i]);
     for (int i = 0; i < n; ++i) {
-      for (int j = 0; j < n; ++j)
-        W(i, j) = problem.calcJacobi(i, j, x);
+      std::vector<Function>& row = problem.jacobi.begin()[i];
+      for (int j = 0; j < n; ++j) {
+        if (std::ssize(row) <= j) throw MatrixWrongDimensions();
+        W(i, j) = point.valueOf(row.begin()[j]);
+      }
     }
-    const std::vector<double> delta = solveWithLUP(W, r);
-    x = x + delta;
+    const std::vector<double>& delta = solver.solve(W, r, trace);
+    for (std::size_t i = 0; i < x.size(); ++i)
+      x[i] += delta[i];
     const double estimate = vnorm(delta);
     writeIterationResult(trace, estimate, x);
     if (eps > estimate) {
