@@ -112,15 +112,19 @@ TEST(Expression, SplitsTextIntoTypedTokens) {
   Expression expression("0");
   Tokens tokens;
   expression.variables["pi"] = 3;
+  expression.operators.insert({"%", "q2"});
+  expression.functions.insert("f");
   expression.split("sin(x1)+2.50*pi", tokens);
   EXPECT_EQ(expression.variables.at("pi"), 3.141592653589793);
+  expression.split("f\n%q2", tokens);
   expression.split(tokens.back().text, tokens);
   std::string listing;
   for (const auto& t : tokens)
     listing += t.text + ":" + Expression::token_t_list[t.type] + " ";
   EXPECT_EQ(listing,
             "sin:function (:parenthesis x1:variable ):parenthesis +:undefined_operator "
-            "2.5:number *:undefined_operator pi:variable pi:variable ");
+            "2.5:number *:undefined_operator pi:variable f:function %:undefined_operator "
+            "q2:variable q2:variable ");
   EXPECT_EQ(expression.priority({"*", Expression::unary_operator}), 3);
   EXPECT_EQ(expression.priority({"*", Expression::binary_operator}), 2);
   EXPECT_THROW(expression.priority({"x", Expression::variable}), ExpressionWrongFormat);

@@ -103,6 +103,7 @@ void Expression::mark_unaries(std::vector<token>& tokens) const {
 void Expression::convert_expression(std::vector<token>& tokens, std::vector<token>& out) const {
   mark_unaries(tokens);
   std::vector<const token*> stack;
+  stack.reserve(tokens.size());
   const auto popTop = [&] {
     out.push_back(*stack.back());
     stack.pop_back();
