@@ -28,8 +28,9 @@ char* writeExponent(char* out, int e) {
 
 char* writeSixDigits(char* out, double x) {
   const double a = std::abs(x);
-  if (!isOrdinary(a)) return writeAsText(out, x);
-  int e = decimalExponent(a);
+  const int binary = binaryExponent(x);
+  if (!isOrdinary(binary)) return writeAsText(out, x);
+  int e = decimalExponent(a, binary);
   const int k = kDigits - 1 - e;
   double m = k >= 0 ? nearestToProduct(a, k) : nearestToQuotient(a, -k);
   if (m == powerOfTen(kDigits)) {

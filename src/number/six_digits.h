@@ -34,16 +34,22 @@ char* writeSixDigits(char* out, double x);
 
 static_assert(kDigits - 1 + 16 <= kLargestPower, "the largest k, for 1e-16");
 
-/// Whether a >= 0 is in the range that needs no text.
-inline bool isOrdinary(double a) {
-  return a >= 1e-16 && a < 1e22;
+/// The e with 2^e <= |x| < 2^(e+1) of an ordinary number; -1023 for zero and
+/// denormals, 1024 for infinities and NaN.
+inline int binaryExponent(double x) {
+  return static_cast<int>(std::bit_cast<std::uint64_t>(x) >> 52 & 0x7ff) - 1023;
 }
 
-/// The largest e with 10^e <= a, for an ordinary a. If a is the double nearest to
-/// 10^e and that lies just below 10^e, the result is e all the same. This does no
-/// harm: such an a rounds to 10^e.
-inline int decimalExponent(double a) {
-  const int binary = static_cast<int>(std::bit_cast<std::uint64_t>(a) >> 52) - 1023;
+/// Whether numbers of this binary exponent need no text. 2^-53 is the first power
+/// of two above 1e-16, 2^73 the last one below 1e22.
+inline bool isOrdinary(int binary) {
+  return -53 <= binary && binary < 73;
+}
+
+/// The largest e with 10^e <= a, for a > 0 of an ordinary binary exponent. If a is
+/// the double nearest to 10^e and that lies just below 10^e, the result is e all the
+/// same. This does no harm: such an a rounds to 10^e.
+inline int decimalExponent(double a, int binary) {
   const int e = (binary * 78913) >> 18;  // floor(binary·log10(2))
   return e + (a >= powerOfTen(e + 1) ? 1 : 0);
 }
@@ -54,10 +60,10 @@ double roundThroughText(double x);
 /// The double nearest to the text that writeSixDigits() makes of x. The sign of
 /// zero stays; infinities and NaN are returned as they are.
 inline double roundToSixDigits(double x) {
-  const double a = std::abs(x);
-  if (!isOrdinary(a)) [[unlikely]]
+  const int binary = binaryExponent(x);
+  if (!isOrdinary(binary)) [[unlikely]]
     return roundThroughText(x);
-  const int k = kDigits - 1 - decimalExponent(a);
+  const int k = kDigits - 1 - decimalExponent(std::abs(x), binary);
   if (k >= 0) [[likely]]
     return nearestToProduct(x, k) / powerOfTen(k);
   return nearestToQuotient(x, -k) * powerOfTen(-k);
