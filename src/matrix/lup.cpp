@@ -13,7 +13,6 @@
 using nordika::Trace;
 using nordika::detail::ElementFormat;
 using nordika::detail::LupSolver;
-using nordika::detail::writeMatrix;
 
 namespace {
 

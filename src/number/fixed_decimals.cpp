@@ -44,7 +44,7 @@ char* writeDigits(char* out, double x, int width, int decimals) {
   const double rounded = nearestToProduct(std::abs(x), decimals);
   const bool isNegative = std::signbit(x);
   int length = decimals + (isNegative ? 3 : 2);
-  for (double least = powerOfTen(decimals + 1); rounded >= least; least *= 10)
+  for (int i = decimals + 1; rounded >= powerOfTen(i); ++i)
     ++length;
   std::memset(out, ' ', kLargestWidth);
   char* const end = out + std::max(length, width);

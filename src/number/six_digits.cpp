@@ -7,7 +7,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
-#include <string_view>
 
 namespace nordika::detail {
 
@@ -15,6 +14,17 @@ namespace {
 
 char* writeAsText(char* out, double x) {
   return std::to_chars(out, out + kSixDigitsLength, x, std::chars_format::general, kDigits).ptr;
+}
+
+char* writeDigits(char* out, double m) {
+  return std::to_chars(out, out + kDigits, static_cast<int>(m)).ptr;
+}
+
+// Steps back over the zeros before `end`, where another character precedes them.
+char* withoutZeros(char* end) {
+  while (end[-1] == '0')
+    --end;
+  return end;
 }
 
 char* writeExponent(char* out, int e) {
@@ -37,28 +47,21 @@ char* writeSixDigits(char* out, double x) {
     m = powerOfTen(kDigits - 1);
     ++e;
   }
-  char room[kDigits];
-  std::to_chars(room, room + kDigits, static_cast<int>(m));
-  const std::string_view all(room, kDigits);
-  const std::string_view digits = all.substr(0, all.find_last_not_of('0') + 1);
-
-  const auto append = [&out](std::string_view text) {
-    out = std::copy(text.begin(), text.end(), out);
-  };
-  if (x < 0) append("-");
+  if (x < 0) *out++ = '-';
   const bool withExponent = e < -4 || e >= kDigits;
   if (!withExponent && e < 0) {
-    append(std::string_view("0.000").substr(0, static_cast<std::size_t>(1 - e)));
-    append(digits);
-    return out;
+    std::copy_n("0.000", 5, out);
+    return withoutZeros(writeDigits(out + 1 - e, m));
   }
-  const std::size_t whole = withExponent ? 1 : static_cast<std::size_t>(e + 1);
-  append(all.substr(0, whole));
-  if (digits.size() > whole) {
-    append(".");
-    append(digits.substr(whole));
-  }
-  return withExponent ? writeExponent(out, e) : out;
+  // The digits before the point make room for it.
+  const int whole = withExponent ? 1 : e + 1;
+  char* end = writeDigits(out + 1, m);
+  for (int i = 0; i < whole; ++i)
+    out[i] = out[i + 1];
+  out[whole] = '.';
+  end = withoutZeros(end);
+  if (end[-1] == '.') --end;
+  return withExponent ? writeExponent(end, e) : end;
 }
 
 double nearestBesideHalf(double s, double a, double b, double c) {
