@@ -4,9 +4,15 @@
 #ifndef NORDIKA_NUMBER_POWERS_OF_TEN_H
 #define NORDIKA_NUMBER_POWERS_OF_TEN_H
 
+#include <cfloat>
 #include <cmath>
+#include <limits>
 
 namespace nordika::detail {
+
+static_assert(
+    FLT_EVAL_METHOD == 0 && std::numeric_limits<double>::is_iec559,
+    "The arithmetic must be that of IEEE doubles. On i386 this needs -msse2 -mfpmath=sse.");
 
 inline constexpr int kSmallestPower = -16;
 inline constexpr int kLargestPower = 22;

@@ -5,9 +5,9 @@
 
 #include <charconv>
 #include <clocale>
+#include <cmath>
 #include <cstdio>
-#include <locale>
-#include <sstream>
+#include <cstdlib>
 
 namespace nordika::detail {
 
@@ -41,14 +41,34 @@ std::size_t numberLength(std::string_view text) {
   return i;
 }
 
-// For malformed texts, overflow and underflow. std::from_chars() reports the last
-// two alike.
-std::optional<double> extractFromStream(std::string_view text) {
-  std::istringstream stream{std::string(text)};
-  stream.imbue(std::locale::classic());
+// Runs a conversion of the C library, which depends on the locale of the thread.
+template <typename Conversion>
+void inClassicLocale(Conversion convert) {
+  static const locale_t classic = newlocale(LC_ALL_MASK, "C", nullptr);
+  const locale_t before = uselocale(classic);
+  convert();
+  uselocale(before);
+}
+
+// The number that is the whole text, where std::from_chars() gives the nearest
+// double. On i386 it computes with 80 bits and rounds twice.
+std::optional<double> wholeNumber([[maybe_unused]] std::string_view text) {
+#ifndef __i386__
   double value = 0;
-  if (stream >> value) return value;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, value);
+  if (error == std::errc() && stop == end) return value;
+#endif
   return std::nullopt;
+}
+
+// The same, but slowly, and a value too small for a double is 0.
+std::optional<double> anyWholeNumber(const std::string& text) {
+  char* stop = nullptr;
+  double value = 0;
+  inClassicLocale([&] { value = std::strtod(text.c_str(), &stop); });
+  if (text.empty() || stop != text.c_str() + text.size() || std::isinf(value)) return std::nullopt;
+  return value;
 }
 
 }  // namespace
@@ -57,27 +77,19 @@ std::optional<double> extractNumber(std::string_view& text) {
   std::string_view number = text.substr(0, numberLength(text));
   text.remove_prefix(number.size());
   if (!number.empty() && number[0] == '+') number.remove_prefix(1);
-  double value = 0;
-  const char* const end = number.data() + number.size();
-  const auto [stop, error] = std::from_chars(number.data(), end, value);
-  if (error == std::errc() && stop == end) return value;
-  return extractFromStream(number);
+  if (const auto value = wholeNumber(number)) return value;
+  return anyWholeNumber(std::string(number));
 }
 
 double numberValue(const std::string& text) {
-  double value = 0;
   if (text.size() <= kLongestNumberText) {
-    const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value);
-    if (error == std::errc() && stop == end) return value;
+    if (const auto value = wholeNumber(text)) return *value;
   }
   // Only a token made by hand holds blanks, signs, hexadecimal digits or
-  // trailing characters. The conversion depends on the locale.
-  static const locale_t classic = newlocale(LC_ALL_MASK, "C", nullptr);
-  const locale_t before = uselocale(classic);
-  value = 0;
-  const int count = std::sscanf(text.c_str(), "%50lg", &value);
-  uselocale(before);
+  // trailing characters.
+  double value = 0;
+  int count = 0;
+  inClassicLocale([&] { count = std::sscanf(text.c_str(), "%50lg", &value); });
   return count == 1 ? value : 0;
 }
 

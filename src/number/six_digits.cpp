@@ -8,6 +8,8 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "number/read_number.h"
+
 namespace nordika::detail {
 
 namespace {
@@ -71,10 +73,9 @@ double nearestBesideHalf(double s, double a, double b, double c) {
 
 double roundThroughText(double x) {
   if (x == 0 || !std::isfinite(x)) return x;
-  char text[kSixDigitsLength];
-  double rounded = 0;
-  std::from_chars(text, writeAsText(text, x), rounded);
-  return rounded;
+  char room[kSixDigitsLength];
+  std::string_view text(room, static_cast<std::size_t>(writeAsText(room, x) - room));
+  return extractNumber(text).value();
 }
 
 }  // namespace nordika::detail
