@@ -210,6 +210,7 @@ class Expression {
   friend class nordika::detail::Point;
 
   double evaluateAtRounded(const std::vector<double>& x);
+  double* const* bindArguments(const std::vector<double>& x);
   void bindNewArguments(const std::vector<double>& x);
   double evaluateBound();
   void locateOperands();

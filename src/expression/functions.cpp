@@ -44,6 +44,13 @@ void Expression::bindNewArguments(const std::vector<double>& x) {
   }
 }
 
+// The addresses of the values of x1 .. xn.
+double* const* Expression::bindArguments(const std::vector<double>& x) {
+  if (binding.version != variables.version() || binding.arguments.size() < x.size())
+    bindNewArguments(x);
+  return binding.arguments.data();
+}
+
 // Leaves the operands empty while a variable is missing: every call looks again.
 void Expression::locateOperands() {
   if (program == nullptr) throw ExpressionWrongFormat();  // moved from
@@ -60,9 +67,7 @@ double Expression::evaluateBound() {
 
 double Expression::evaluateAt(const std::vector<double>& x) {
   checkValue(x);
-  if (binding.version != variables.version() || binding.arguments.size() < x.size())
-    bindNewArguments(x);
-  double* const* argument = binding.arguments.data();
+  double* const* argument = bindArguments(x);
   for (const double value : x)
     **argument++ = roundToSixDigits(value);
   return evaluateBound();
@@ -70,9 +75,7 @@ double Expression::evaluateAt(const std::vector<double>& x) {
 
 // The same for finite elements that are rounded already.
 double Expression::evaluateAtRounded(const std::vector<double>& x) {
-  if (binding.version != variables.version() || binding.arguments.size() < x.size())
-    bindNewArguments(x);
-  double* const* argument = binding.arguments.data();
+  double* const* argument = bindArguments(x);
   for (const double value : x)
     **argument++ = value;
   return evaluateBound();
