@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include <clocale>
-#include <cstdio>
 
 #include <QAbstractItemDelegate>
 #include <QMessageBox>
@@ -12,6 +11,7 @@
 #include "nordika/solver.h"
 #include "nordika/trace.h"
 #include "row.h"
+#include "run.h"
 #include "run_log.h"
 #include "ui_widget.h"
 #include "widget.h"
@@ -30,15 +30,6 @@ void showResult(QLineEdit& field, const QString& text) {
 
 void showError(const QString& text) {
   QMessageBox::information(nullptr, messages::kErrorTitle, text, QMessageBox::Ok);
-}
-
-// Writes the error line and shows the box. The details follow their texts.
-void report(const messages::Failure& failure, const std::string& loggedDetail = {},
-            const QString& shownDetail = {}) {
-  nordika::Trace trace;
-  trace << "Error: " << failure.logged << loggedDetail << "\n\n";
-  trace.flush();
-  showError(failure.shown + shownDetail);
 }
 
 nordika::Row rowOf(const Ui_Widget& ui, int i) {
@@ -66,19 +57,8 @@ void Widget::calculate() {
   int iterations = 0;
   try {
     solution = solve(n, accuracy, iterations);
-  } catch (const ExpressionWrongFormat&) {
-    return report(messages::kWrongFormat);
-  } catch (const ExpressionBadResult&) {
-    return report(messages::kBadResult);
-  } catch (const ExpressionUnknownVariable& variable) {
-    return report(messages::kUnknownVariable, variable.name,
-                  QString::fromLatin1(variable.name.c_str()));
-  } catch (const MaxItersCountAchieved&) {
-    return report(messages::kLimitAchieved, {}, QString::number(nordika::kMaxIterations));
-  } catch (const MatrixIsSingular&) {
-    return report(messages::kSingularMatrix);
   } catch (...) {
-    return report(messages::kUndefinedError);
+    return showError(QString::fromStdString(nordika::reportFailure()));
   }
   auto component = solution.begin();
   for (const nordika::Row& row : nordika::rowsOf(*ui)) {
@@ -119,16 +99,13 @@ void Widget::commitCellEditor() {
 }
 
 std::string Widget::getVars() const {
-  char text[32];
-  std::snprintf(text, sizeof text, "a = %lg", ui->a->value());
-  return text;
+  return nordika::parameterText(ui->a->value());
 }
 
 Function Widget::compile(const QString& text) const {
   // The engine reads single bytes. Characters outside Latin-1 become question
   // marks, which no expression may contain.
-  const QByteArray bytes = text.isEmpty() ? QByteArray("0") : text.toLatin1();
-  return {bytes.toStdString(), getVars()};
+  return nordika::compiled(text.toLatin1().toStdString(), getVars());
 }
 
 Function Widget::parseFunction(int i) const {

@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#ifndef NORDIKA_APP_MESSAGES_H
-#define NORDIKA_APP_MESSAGES_H
+#ifndef NORDIKA_RUN_MESSAGES_H
+#define NORDIKA_RUN_MESSAGES_H
 
-/// The texts of the message boxes, and of the error lines of the run log.
+/// The texts of the message boxes, which nordika-solve writes as lines, and of the error
+/// lines of the run log.
 namespace nordika::messages {
 
 inline constexpr char kErrorTitle[] = "Ошибка";
