@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#ifndef NORDIKA_CLI_CHECK_JACOBIAN_H
+#define NORDIKA_CLI_CHECK_JACOBIAN_H
+
+#include <string>
+#include <vector>
+
+#include "nordika/functions.h"
+
+namespace nordika {
+
+/// Compares the elements of a Jacobi matrix at a point with central differences of the
+/// functions. The step is one unit of the sixth digit of the unknown, and 1e-7 for 0.
+///
+/// An element is wrong if it differs from the difference by more than the sum of
+/// - 1e-4 of the larger one,
+/// - four times the bound of the rounding errors in both,
+/// - ten times the change of the difference for a tenth of the step,
+/// - twice the largest change of the element within the step.
+///
+/// And differences for still smaller steps must not come nearer to the element, nor change
+/// by a tenth. So a function that bends or swings within the step does not make a right
+/// element wrong.
+/// @param functions n functions
+/// @param jacobian n rows of n elements
+/// @param point of length n
+/// @return a line for each wrong element, row by row
+/// @throws what Function::operator()() and Expression::calculate() do, at the point or
+///   within the step
+std::string wrongElements(std::vector<Function>& functions,
+                          std::vector<std::vector<Function>>& jacobian,
+                          const std::vector<double>& point);
+
+}  // namespace nordika
+
+#endif

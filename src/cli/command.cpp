@@ -1,0 +1,176 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include "command.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
+#include <set>
+
+#include "nordika/version.h"
+#include "number_text.h"
+#include "problem_file.h"
+
+namespace nordika {
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+// The options as CLI11 knows them. It gathers their texts; all but --check-jacobian are
+// read from these.
+struct Options {
+  CLI::App app{
+      "Solves a system of nonlinear equations. The solution goes to the standard output, and\n"
+      "every iteration to the standard error stream, as in the run log of the window.",
+      "nordika-solve"};
+  bool checksJacobian = false;
+
+  CLI::Option* method = add("--method", "simple|newton", "The method [simple]");
+  CLI::Option* eps = add("--eps", "NUMBER", "The accuracy [1e-05]");
+  CLI::Option* a = add("-a", "NUMBER", "The parameter a [0]");
+  CLI::Option* q = add("-q", "NUMBER", "The contraction constant; only simple [0.5]");
+  CLI::Option* start = add("--start", "V", "The initial approximation")->expected(1, -1);
+  CLI::Option* functions = add("--functions", "TEXT", "The functions")->expected(1, -1);
+  CLI::Option* jacobian =
+      add("--jacobian", "TEXT", "The Jacobi matrix, row by row; only newton")->expected(1, -1);
+  CLI::Option* log = add("--log", "FILE", "Write the iterations to FILE");
+  CLI::Option* config = app.set_config("--config", "", "Read options from FILE")->type_name("FILE");
+
+  Options() {
+    app.add_flag("--check-jacobian", checksJacobian,
+                 "Only compare the Jacobi matrix with differences of the functions");
+    app.set_help_flag("--help", "Print this text");
+    app.set_version_flag("--version", "nordika-solve " NORDIKA_VERSION "\n", "Print the version");
+    app.config_formatter(std::make_shared<ProblemFile>(app));
+    app.allow_extras();
+  }
+
+  CLI::Option* add(const char* name, const char* value, const std::string& help) {
+    return app.add_option(name, help)->type_name(value);
+  }
+};
+
+// The option that a word names, alone or before "=" and a value; nullptr for other words.
+const CLI::Option* named(const Options& options, const std::string& word) {
+  const std::size_t end = word.compare(0, 2, "--") == 0 ? word.find('=') : std::string::npos;
+  return options.app.get_option_no_throw(word.substr(0, end));
+}
+
+// CLI11 ends a list at a word that begins with a minus, but whatever word follows the name
+// of an option is its value. So the name is repeated before each word of a list.
+Words unfolded(const Options& options, const Words& words) {
+  Words result;
+  std::set<const CLI::Option*> given;
+  std::string list;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const std::string& word = words[i];
+    const CLI::Option* const option = named(options, word);
+    if (option == nullptr) {
+      if (list == "--start" && word.compare(0, 2, "--") == 0) list.clear();  // no number
+      if (!list.empty()) result.push_back(list);
+      result.push_back(word);
+      continue;
+    }
+    const std::string name = option->get_name();
+    if (!given.insert(option).second) throw WrongUsage(name + " is given twice");
+    const bool isFlag = option->get_expected_max() == 0;
+    list = option->get_expected_max() > 1 ? name : "";
+    if (word != name && !isFlag) {
+      result.insert(result.end(), {name, word.substr(name.size() + 1)});
+    } else if (list.empty()) {
+      result.push_back(word);
+    } else if (i + 1 == words.size() || named(options, words[i + 1]) != nullptr) {
+      throw WrongUsage(name + " has no values");
+    }
+  }
+  return result;
+}
+
+// Lets CLI11 read the words and the problem file.
+// Returns the text of --help or --version, or nothing.
+std::string parse(Options& options, const Words& words) {
+  Words reversed = unfolded(options, words);
+  std::reverse(reversed.begin(), reversed.end());
+  const auto file = [&options] { return options.config->as<std::string>(); };
+  try {
+    options.app.parse(reversed);
+  } catch (const CLI::CallForHelp&) {
+    return options.app.help();
+  } catch (const CLI::CallForVersion& version) {
+    return version.what();
+  } catch (const CLI::FileError&) {
+    throw WrongUsage("cannot read " + file());
+  } catch (const CLI::ConfigError& fault) {
+    throw WrongUsage(file() + ": " + fault.what());
+  } catch (const CLI::Error& fault) {
+    throw WrongUsage(fault.what());
+  }
+  const Words others = options.app.remaining();
+  if (!others.empty()) throw WrongUsage("unknown option or argument " + others.front());
+  if (options.config->count() > 0 && file().empty()) throw WrongUsage("--config names no file");
+  return "";
+}
+
+std::string textOf(const CLI::Option* option, const char* otherwise) {
+  return option->count() > 0 ? option->results().back() : otherwise;
+}
+
+double toNumber(const CLI::Option* option, const std::string& text) {
+  const std::optional<double> value = readNumber(text);
+  if (!value) throw WrongUsage(option->get_name() + ": \"" + text + "\" is not a finite number");
+  return *value;
+}
+
+double numberOf(const CLI::Option* option, const char* otherwise) {
+  return toNumber(option, textOf(option, otherwise));
+}
+
+void check(const Options& options, const Command& command) {
+  const auto require = [](bool holds, const std::string& fault) {
+    if (!holds) throw WrongUsage(fault);
+  };
+  const std::string method = textOf(options.method, "simple");
+  require(method == "simple" || method == "newton",
+          "--method: \"" + method + "\" is neither simple nor newton");
+  if (command.isNewton) {
+    require(options.q->count() == 0, "-q is only for --method simple");
+  } else {
+    require(options.jacobian->count() == 0, "--jacobian is only for --method newton");
+    require(!command.checksJacobian, "--check-jacobian is only for --method newton");
+  }
+  require(command.eps > 0, "--eps is not positive");
+  require(1e-8 < command.q && command.q < 1.0 - 1e-8, "-q is outside 1e-08 < q < 1 - 1e-08");
+  const std::size_t n = command.functions.size();
+  require(n > 0, "--functions is missing");
+  const auto requireCount = [&](const CLI::Option* option, std::size_t count, std::size_t wanted) {
+    require(count == wanted, option->get_name() + " has " + std::to_string(count) +
+                                 " values instead of " + std::to_string(wanted));
+  };
+  requireCount(options.start, command.start.size(), n);
+  if (command.isNewton) requireCount(options.jacobian, command.jacobian.size(), n * n);
+}
+
+}  // namespace
+
+Command readCommand(int argc, const char* const* argv) {
+  Options options;
+  Command command;
+  command.answer = parse(options, {argv + std::min(argc, 1), argv + argc});
+  if (!command.answer.empty()) return command;
+  command.isNewton = textOf(options.method, "simple") == "newton";
+  command.checksJacobian = options.checksJacobian;
+  command.eps = numberOf(options.eps, "1e-05");
+  command.a = numberOf(options.a, "0");
+  command.q = numberOf(options.q, "0.5");
+  for (const std::string& text : options.start->results())
+    command.start.push_back(toNumber(options.start, text));
+  command.functions = options.functions->results();
+  command.jacobian = options.jacobian->results();
+  if (options.log->count() > 0) command.log = options.log->results().back();
+  check(options, command);
+  return command;
+}
+
+}  // namespace nordika

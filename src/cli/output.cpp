@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include "output.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace nordika {
+
+namespace {
+
+bool writeAll(int file, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t written = write(file, text.data(), text.size());
+    if (written >= 0) {
+      text.remove_prefix(static_cast<std::size_t>(written));
+    } else if (errno != EINTR) {
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
+void prepareStreams() {
+  // Open for reading only: what is written there fails, as it does for a closed one.
+  for (int file = STDIN_FILENO; file <= STDERR_FILENO; ++file) {
+    if (fcntl(file, F_GETFD) < 0) open("/dev/null", O_RDONLY);
+  }
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+}
+
+bool print(std::string_view text) {
+  return writeAll(STDOUT_FILENO, text) && close(STDOUT_FILENO) == 0;
+}
+
+void complain(std::string text) {
+  const auto isControl = [](char c) { return (c >= '\0' && c < ' ') || c == '\x7f'; };
+  std::replace_if(text.begin(), text.end(), isControl, '?');
+  writeAll(STDERR_FILENO, text + "\n");
+}
+
+bool LogFile::open(const std::string& name) {
+  file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0666);
+  if (file < 0) return false;
+  // After a failure the file stays a beginning of the trace.
+  redirect.emplace([this](std::string_view lines) { isWhole = isWhole && writeAll(file, lines); });
+  return true;
+}
+
+bool LogFile::close() {
+  redirect.reset();
+  if (file >= 0 && ::close(file) != 0) isWhole = false;
+  file = -1;
+  return isWhole;
+}
+
+}  // namespace nordika
