@@ -23,24 +23,20 @@ enum Status { kSolved = 0, kFailed = 1, kWrongUsage = 2, kWrongJacobian = 3 };
 
 constexpr char kName[] = "nordika-solve: ";
 
-// Compiles in the order of the window: the first fault decides.
-std::vector<Function> compiled(const std::vector<std::string>& texts, double a) {
-  std::vector<Function> functions;
-  functions.reserve(texts.size());
-  for (const std::string& text : texts)
-    functions.push_back(nordika::compiled(text, nordika::parameterText(a)));
+using Functions = std::vector<Function>;
+
+// Compiles `count` of the texts, from `first` on.
+Functions compiled(const std::vector<std::string>& texts, std::size_t first, std::size_t count,
+                   const std::string& parameters) {
+  Functions functions;
+  functions.reserve(count);
+  for (std::size_t i = first; i < first + count; ++i)
+    functions.push_back(nordika::compiled(texts[i], parameters));
   return functions;
 }
 
-std::vector<std::vector<Function>> rowsOf(std::vector<Function> elements, std::size_t n) {
-  std::vector<std::vector<Function>> rows;
-  for (auto first = elements.begin(); first != elements.end(); first += std::ssize(rows.back()))
-    rows.emplace_back(first, first + static_cast<std::ptrdiff_t>(n));
-  return rows;
-}
-
-std::string solve(const Command& command, const std::vector<Function>& functions,
-                  const std::vector<std::vector<Function>>& jacobian) {
+std::string solve(const Command& command, const Functions& functions,
+                  const std::vector<Functions>& jacobian) {
   int iterations = 0;
   std::vector<double> x;
   if (command.isNewton) {
@@ -60,10 +56,14 @@ std::string solve(const Command& command, const std::vector<Function>& functions
   return lines.append("iterations = ").append(std::to_string(iterations)).append("\n");
 }
 
-// What goes to the standard output.
+// What goes to the standard output. Texts are compiled in the order of the window.
 std::string calculate(const Command& command) {
-  std::vector<Function> functions = compiled(command.functions, command.a);
-  auto jacobian = rowsOf(compiled(command.jacobian, command.a), functions.size());
+  const std::string parameters = nordika::parameterText(command.a);
+  const std::size_t n = command.functions.size();
+  Functions functions = compiled(command.functions, 0, n, parameters);
+  std::vector<Functions> jacobian;
+  for (std::size_t first = 0; first < command.jacobian.size(); first += n)
+    jacobian.push_back(compiled(command.jacobian, first, n, parameters));
   if (command.checksJacobian) return nordika::wrongElements(functions, jacobian, command.start);
   return solve(command, functions, jacobian);
 }
