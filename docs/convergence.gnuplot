@@ -12,7 +12,8 @@
 #   run      plot only this run, counted from 1; negative numbers count from the
 #            end: -1 is the last run
 #   eps      the required accuracy, drawn as a line
-#   picture  the output file, by default convergence.png
+#   picture  the output file, by default convergence.png; SVG if the name ends in
+#            .svg, else PNG
 
 if (!exists("log")) { print "no log given: -e \"log='FILE'\""; exit status 1 }
 if (!exists("run")) run = 0
@@ -41,7 +42,12 @@ stats $runs using 1 name "iteration" nooutput
 stats $runs using 2 name "estimate" nooutput
 
 set encoding utf8
-set terminal pngcairo size 820,480 font "Liberation Sans,12" linewidth 1.5
+look = 'size 820,480 font "Liberation Sans,12" linewidth 1.5'
+if (strlen(picture) > 4 && picture[strlen(picture) - 3:] eq ".svg") {
+  eval "set terminal svg ".look." background 'white'"
+} else {
+  eval "set terminal pngcairo ".look
+}
 set output picture
 
 set title "Сходимость: оценка погрешности на каждой итерации"
