@@ -104,7 +104,7 @@ int run(const Command& command) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-  nordika::prepareStreams();
+  nordika::surviveFailedWrites();
   Command command;
   try {
     command = nordika::readCommand(argc, argv);

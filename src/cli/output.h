@@ -12,9 +12,9 @@
 
 namespace nordika {
 
-/// Makes sure that no file gets the number of a standard stream that the caller left
-/// closed, and that a failed write is an error and not the end of the process.
-void prepareStreams();
+/// Makes a failed write an error instead of the end of the process: a pipe without a
+/// reader, a file that may not grow.
+void surviveFailedWrites();
 
 /// Writes the text to the standard output, as the last thing that goes there.
 /// @return whether all of it was written; errno tells why not
@@ -24,7 +24,7 @@ bool print(std::string_view text);
 /// become question marks, so that it stays one line.
 void complain(std::string text);
 
-/// Sends the trace to a file instead of the standard error stream, until close().
+/// Sends the trace to a file instead of the standard error stream while it lives.
 class LogFile {
  public:
   LogFile() = default;
@@ -38,7 +38,7 @@ class LogFile {
   /// @return false if it cannot be opened for writing
   bool open(const std::string& name);
 
-  /// Ends the redirection and closes the file, if one is open.
+  /// Closes the file, if one is open; to be called after the last line.
   /// @return whether the file has the whole trace
   bool close();
 
