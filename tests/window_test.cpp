@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+#include <fstream>
 #include <sys/resource.h>
 #include <sys/stat.h>
 
@@ -233,6 +234,18 @@ TEST_F(WindowTest, ALogThatCannotGrowCostsNeitherTheResultNorLaterLines) {
   EXPECT_EQ(results(), "1.99999;;;;18");
   EXPECT_EQ(boxOf("calcButton").text, "");
   EXPECT_THAT(log(), EndsWith("stop (target accuracy achieved).\n\n"));
+}
+
+// As another window of the same second does, or a user who empties the file.
+TEST_F(WindowTest, RunsGoToTheEndOfALogThatOthersChange) {
+  run("Simple", "");
+  const std::string one = log();
+  std::ofstream((directory.path() + '/' + logName()).toStdString(), std::ios::app) << "other\n";
+  run("Simple", "");
+  EXPECT_EQ(log(), one + "other\n" + one);
+  QFile::resize(directory.filePath(logName()), 0);
+  run("Simple", "");
+  EXPECT_EQ(log(), one);
 }
 
 TEST(RunLogTest, IsNamedAfterTheLocalTime) {

@@ -46,6 +46,8 @@ bool openRunLog(const char* name) {
   qInstallMessageHandler(writeToTerminal);
   if (std::freopen(name, "w", stderr) != nullptr) {
     std::setbuf(stderr, nullptr);  // as it was: a file makes it buffered
+    // Whoever else writes to the file, or empties it, no line lands inside another.
+    fcntl(fileno(stderr), F_SETFL, O_APPEND);
     return true;
   }
   // The failure has freed the descriptor. If a file or socket of the toolkit got
