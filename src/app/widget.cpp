@@ -7,13 +7,13 @@
 #include <cstdlib>
 #include <ctime>
 
-#include <QGraphicsPixmapItem>
 #include <QGraphicsScene>
 #include <QLocale>
 #include <QMessageBox>
 #include <QSet>
 
 #include "font_fit.h"
+#include "formula.h"
 #include "messages.h"
 #include "row.h"
 #include "run_log.h"
@@ -162,14 +162,13 @@ void Widget::clearResult() {
   ui->iters->clear();
 }
 
-void Widget::showTask(const QString& picture) {
-  const QPixmap pixmap(picture);
+void Widget::showTask(const QString& picture, const QSize& size) {
+  auto* formula = new nordika::Formula(picture, size);
   QGraphicsScene* scene = ui->taskView->scene();
   scene->clear();
-  // Smooth, for screens of a fractional scale.
-  scene->addPixmap(pixmap)->setTransformationMode(Qt::SmoothTransformation);
+  scene->addItem(formula);
   // By default the scene keeps the extent of everything it has ever held.
-  scene->setSceneRect(pixmap.rect());
+  scene->setSceneRect(formula->boundingRect());
   ui->taskView->show();
 }
 
@@ -190,13 +189,13 @@ void Widget::on_checkSimpleIters_clicked() {
   method = 0;
   refresh();
   clearJacobiMatrix();
-  showTask(":/res/task1.png");
+  showTask(":/res/task1.png", {360, 136});
 }
 
 void Widget::on_checkNewton_clicked() {
   method = 1;
   refresh();
-  showTask(":/res/task2.png");
+  showTask(":/res/task2.png", {375, 105});
 }
 
 void Widget::on_helpButton_clicked() {

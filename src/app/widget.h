@@ -12,6 +12,7 @@
 
 #include "nordika/functions.h"
 
+class QSize;
 class QString;
 class Ui_Widget;
 
@@ -76,7 +77,7 @@ class Widget : public QWidget {
   Q_SLOT void on_helpButton_clicked();
 
   void fitFont();
-  void showTask(const QString& picture);
+  void showTask(const QString& picture, const QSize& size);
   void commitCellEditor();
   void calculate();
   Function compile(const QString& text) const;
