@@ -57,6 +57,9 @@ void Widget::calculate() {
   int iterations = 0;
   try {
     solution = solve(n, accuracy, iterations);
+  } catch (const ExpressionWrongFormat&) {
+    showError(QString::fromStdString(nordika::reportFailure()));
+    return selectMalformed();
   } catch (...) {
     return showError(QString::fromStdString(nordika::reportFailure()));
   }
@@ -66,6 +69,38 @@ void Widget::calculate() {
     showResult(*row.result, QString::number(*component++, 'g', 6));
   }
   showResult(*ui->iters, QString::number(iterations));
+}
+
+// The engine finds a leading operator only at evaluation, so the texts that compile
+// are then tried at the start.
+void Widget::selectMalformed() const {
+  const int n = ui->n->value();
+  std::vector<double> start;
+  for (int i = 1; i <= n; ++i)
+    start.push_back(parseInitX(i));
+  for (const bool evaluated : {false, true}) {
+    const auto isMalformed = [&](const auto& parse) {
+      try {
+        Function function = parse();
+        if (evaluated) function(start);
+      } catch (const ExpressionWrongFormat&) {
+        return true;
+      } catch (...) {  // another fault, of another text maybe
+      }
+      return false;
+    };
+    for (int i = 1; i <= n; ++i) {
+      if (!isMalformed([&] { return parseFunction(i); })) continue;
+      QLineEdit* equation = rowOf(*ui, i).equation;
+      equation->setFocus();
+      return equation->selectAll();
+    }
+    for (int cell = 0; method != 0 && cell < n * n; ++cell) {
+      if (!isMalformed([&] { return parseJacobiMatrixElement(cell / n, cell % n); })) continue;
+      ui->jacobiMatrix->setFocus();
+      return ui->jacobiMatrix->setCurrentCell(cell / n, cell % n);
+    }
+  }
 }
 
 std::vector<double> Widget::solve(int n, double accuracy, int& iterations) const {

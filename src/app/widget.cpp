@@ -12,12 +12,14 @@
 #include <QMessageBox>
 #include <QSet>
 
+#include "cells.h"
 #include "font_fit.h"
 #include "formula.h"
 #include "messages.h"
 #include "row.h"
 #include "run_log.h"
 #include "ui_widget.h"
+#include "wheel.h"
 
 using nordika::Row;
 using nordika::rowsOf;
@@ -63,9 +65,15 @@ Widget::Widget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui_Widget
   // The 4 × 4 cells leave one pixel for the frame on each side. Some styles draw
   // wider frames.
   if (ui->jacobiMatrix->frameWidth() > 1) ui->jacobiMatrix->setFrameStyle(QFrame::Box);
-  ui->taskView->setScene(new QGraphicsScene);  // lives until the process ends
+  new nordika::CellKeys(*ui->jacobiMatrix);
+  ui->jacobiMatrix->setItemPrototype(new nordika::Cell);  // for texts in cells without items
+  ui->taskView->setScene(new QGraphicsScene);             // lives until the process ends
+  nameFields();
+  for (QAbstractSpinBox* box : findChildren<QAbstractSpinBox*>())
+    nordika::turnOnlyWithFocus(*box);
   on_checkSimpleIters_clicked();
   on_n_valueChanged(ui->n->value());
+  ui->n->selectAll();
   setFiles();
   std::setlocale(LC_ALL, "C");
 }
@@ -110,6 +118,24 @@ void Widget::fitFont() {
   nordika::fitFontFamily(*this, texts, {std::begin(kNarrowFamilies), std::end(kNarrowFamilies)});
 }
 
+void Widget::nameFields() {
+  ui->n->setAccessibleName(ui->label_n->toolTip());
+  ui->epsilon->setAccessibleName(ui->label_epsilon->toolTip());
+  ui->a->setAccessibleName("Параметр a");
+  ui->a->setAccessibleDescription(ui->label_a->toolTip());
+  ui->q->setAccessibleName("Константа сжатия q");
+  ui->jacobiMatrix->setAccessibleName(ui->label_frame_4->text());
+  ui->iters->setAccessibleName(ui->label_iters->text().remove(':'));
+  ui->taskView->setAccessibleName(ui->label_frame_7->text());
+  int k = 0;
+  for (const Row& row : rowsOf(*ui)) {
+    ++k;
+    row.equation->setAccessibleName(QString("Уравнение %1").arg(k));
+    row.init->setAccessibleName(QString("%1 x%2").arg(ui->label_frame_2->text()).arg(k));
+    row.result->setAccessibleName(QString("%1 x%2").arg(ui->label_frame_3->text()).arg(k));
+  }
+}
+
 void Widget::refresh() {
   const int n = ui->n->value();
   int k = 0;
@@ -133,7 +159,7 @@ void Widget::refreshJacobiMatrix() {
     for (int j = 0; j < n; ++j) {
       ui->jacobiMatrix->setColumnWidth(j, 90);
       if (ui->jacobiMatrix->item(i, j) == nullptr)
-        ui->jacobiMatrix->setItem(i, j, new QTableWidgetItem(""));
+        ui->jacobiMatrix->setItem(i, j, new nordika::Cell);
     }
   }
 }

@@ -77,9 +77,11 @@ class Widget : public QWidget {
   Q_SLOT void on_helpButton_clicked();
 
   void fitFont();
+  void nameFields();
   void showTask(const QString& picture, const QSize& size);
   void commitCellEditor();
   void calculate();
+  void selectMalformed() const;
   Function compile(const QString& text) const;
   std::vector<double> solve(int n, double accuracy, int& iterations) const;
 
