@@ -1,9 +1,132 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+#include "letters.h"
+#include "looks.h"
 #include "window_fixture.h"
 
 namespace {
+
+using nordika::fitLetters;
+
+const char kText[] = "TjjTjjTjjT";  // hardly any blank at the ends
+
+QWidget* makeLabel(const QString& text) {
+  return new QLabel(text + "  ");
+}
+
+template <typename Kind>
+QWidget* make(const QString& text) {
+  auto* widget = new Kind;
+  widget->setText(text);
+  return widget;
+}
+
+QWidget* makeEditWithMargins(const QString& text) {
+  auto* edit = new QLineEdit(text);
+  edit->setTextMargins(5, 0, 7, 0);
+  return edit;
+}
+
+QWidget* makeBox(const QString& text) {
+  auto* box = new QSpinBox;
+  box->setSpecialValueText(text);
+  return box;
+}
+
+QWidget* makeRichLabel(const QString& text) {
+  const QString lowered = "<span style=\"vertical-align:sub;\">" + text.mid(1, 1) + "</span>";
+  return new QLabel("<p>" + text.left(1) + lowered + text.mid(2) + "</p>");
+}
+
+QWidget* (*const kKinds[])(const QString&) = {
+    makeLabel,           makeRichLabel, make<QPushButton>, make<QRadioButton>, make<QLineEdit>,
+    makeEditWithMargins, makeBox};
+
+class LettersTest : public ::testing::TestWithParam<const char*> {
+ protected:
+  LettersTest() {
+    QApplication::setStyle(GetParam());
+    own.setFamilies({"Liberation Sans"});
+    own.setPointSize(14);
+    own.setBold(true);
+  }
+  void TearDown() override { QApplication::setStyle("fusion"); }
+
+  // A line edit that cannot show all of its text scrolls with the cursor.
+  static bool cuts(QWidget& widget) {
+    auto* edit = qobject_cast<QLineEdit*>(&widget);
+    if (edit == nullptr) edit = widget.findChild<QLineEdit*>();
+    if (edit == nullptr) return isCut(widget);
+    edit->deselect();
+    edit->home(false);
+    const QImage beginning = widget.grab().toImage();
+    edit->end(false);
+    return beginning != widget.grab().toImage();
+  }
+
+  bool cutsAt(QWidget& widget, int width, int stretch) const {
+    QFont font = own;
+    font.setStretch(stretch);
+    widget.setFont(font);
+    widget.resize(width, 40);
+    return cuts(widget);
+  }
+
+  QFont own;
+};
+
+TEST_P(LettersTest, AreNarrowedByTheLeastThatShowsThemWhole) {
+  for (auto* const make : kKinds) {
+    const std::unique_ptr<QWidget> widget(make(kText));
+    const char* const kind = widget->metaObject()->className();
+    int enough = 200;
+    ASSERT_FALSE(cutsAt(*widget, enough, 0)) << kind;
+    while (!cutsAt(*widget, enough - 1, 0))
+      --enough;
+    // A style sets these in its own time. They go.
+    if (widget->inherits("QSpinBox")) widget->findChild<QLineEdit*>()->setTextMargins(9, 0, 9, 0);
+    // A pixel is kept free for letters that reach beyond their advance.
+    const int spare = widget->inherits("QLabel") || widget->inherits("QAbstractButton") ? 1 : 0;
+    for (const int width : {enough + spare, enough - 1, enough - 30, 200}) {
+      widget->resize(width, 40);
+      fitLetters(*widget, {"j", kText + QString("  ")});
+      const int stretch = widget->font().stretch();
+      EXPECT_EQ(stretch == 0, width >= enough) << kind << " " << enough << " " << width;
+      EXPECT_FALSE(cuts(*widget)) << kind << " " << enough - width;
+      EXPECT_TRUE(stretch == 0 || cutsAt(*widget, width, stretch + 1 + 2 * spare))
+          << kind << " " << stretch;
+    }
+  }
+}
+
+TEST_P(LettersTest, AreMovedWhereTheirLineIsTooHigh) {
+  for (auto* const make : {kKinds[0], kKinds[1], kKinds[3]}) {
+    const std::unique_ptr<QWidget> widget(make("A1φj"));
+    widget->setFont(own);
+    for (int height = 40; height > 18; --height) {
+      widget->resize(100, height);
+      fitLetters(*widget, {"A1φj"});
+      EXPECT_FALSE(isCut(*widget)) << widget->metaObject()->className() << " " << height;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Styles, LettersTest, ::testing::Values("fusion", "windows"));
+
+const char* const kResults[] = {"-1.23457e-308", "1.41421", "3.76684e-13", "-1.23457e+10", "1"};
+
+TEST_F(WindowTest, EveryResultIsSeenWhole) {
+  EXPECT_EQ(QFontInfo(window->font()).family(), "Liberation Sans");
+  EXPECT_EQ(nordika::inNarrowFamily(QFont("Own")).families().last(), "Own");
+  for (const char* result : kResults) {
+    run("Simple", result);
+    auto* field = child<QLineEdit>("res_x_1");
+    EXPECT_EQ(field->text(), result);
+    EXPECT_FALSE(isCut(*field)) << result;
+    EXPECT_EQ(field->font().stretch() == 0, field->text().size() < 8) << result;
+  }
+}
 
 TEST_F(WindowTest, TheFormulasHaveTheColoursOfTheView) {
   auto* view = child<QGraphicsView>("taskView");

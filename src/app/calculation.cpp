@@ -6,7 +6,7 @@
 #include <QAbstractItemDelegate>
 #include <QMessageBox>
 
-#include "font_fit.h"
+#include "letters.h"
 #include "messages.h"
 #include "nordika/solver.h"
 #include "nordika/trace.h"
@@ -20,12 +20,9 @@ namespace messages = nordika::messages;
 
 namespace {
 
-// Puts the cursor at the beginning, so that a result too long for its field
-// shows its leading digits.
 void showResult(QLineEdit& field, const QString& text) {
   field.setText(text);
-  field.setCursorPosition(0);
-  if (!nordika::showsWhole({&field, text})) field.setToolTip(text);
+  nordika::fitLetters(field, {text});
 }
 
 void showError(const QString& text) {

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 
+#include "screen_scale.h"
 #include "widget.h"
 
 int main(int argc, char* argv[]) {
@@ -14,6 +15,7 @@ int main(int argc, char* argv[]) {
   for (int file = STDIN_FILENO; file <= STDERR_FILENO; ++file) {
     if (fcntl(file, F_GETFD) < 0) open("/dev/null", O_RDWR);
   }
+  nordika::followChosenResolution();
   QApplication application(argc, argv);
   Widget window;
   window.show();

@@ -7,14 +7,14 @@
 #include <cstdlib>
 #include <ctime>
 
+#include <QApplication>
 #include <QGraphicsScene>
 #include <QLocale>
 #include <QMessageBox>
-#include <QSet>
 
 #include "cells.h"
-#include "font_fit.h"
 #include "formula.h"
+#include "letters.h"
 #include "messages.h"
 #include "row.h"
 #include "run_log.h"
@@ -23,33 +23,19 @@
 
 using nordika::Row;
 using nordika::rowsOf;
-using nordika::ShownText;
 namespace messages = nordika::messages;
 
 namespace {
 
-// Families to try, in this order. The first two are narrow enough for the form at
-// 96 dots per inch; the second has low subscripts, too. The others help where
-// letters are larger or where the first two are not installed.
-const char* const kNarrowFamilies[] = {
-    "Liberation Sans",      "FreeSans", "Arimo", "Roboto", "Liberation Sans Narrow",
-    "DejaVu Sans Condensed"};
+const char kSubscript[] =
+    "<html><head/><body><p>%1<span style=\" vertical-align:sub;\">%2</span>%3</p></body></html>";
 
-QString withSubscript(const char* before, int k, const char* after) {
-  return QString(
-             "<html><head/><body><p>%1<span style=\" vertical-align:sub;\">%2</span>%3</p>"
-             "</body></html>")
-      .arg(before)
-      .arg(k)
-      .arg(after);
-}
-
-QString textBefore(int method, int k) {
-  return withSubscript(method != 0 ? "f" : "φ", k, "(x) = ");
-}
-
-QString textAfter(int method, int k) {
-  return method != 0 ? " = 0" : withSubscript(" = x", k, "");
+void setText(QLabel& label, const QString& before, const QString& subscript, const QString& after) {
+  const QString text =
+      subscript.isEmpty() ? before + after : QString(kSubscript).arg(before, subscript, after);
+  if (label.text() == text) return;
+  label.setText(text);
+  nordika::fitLetters(label, {before + subscript + after});
 }
 
 }  // namespace
@@ -59,15 +45,17 @@ Widget::Widget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui_Widget
   // language. The engine only knows the decimal point.
   QLocale::setDefault(QLocale::c());
   setLocale(QLocale::c());
+  // Before the form is built, so that the fonts of another family are not loaded.
+  QApplication::setFont(nordika::inNarrowFamily(QApplication::font()));
   ui->setupUi(this);
   std::setlocale(LC_ALL, "C");
-  fitFont();
   // The 4 × 4 cells leave one pixel for the frame on each side. Some styles draw
   // wider frames.
   if (ui->jacobiMatrix->frameWidth() > 1) ui->jacobiMatrix->setFrameStyle(QFrame::Box);
   new nordika::CellKeys(*ui->jacobiMatrix);
   ui->jacobiMatrix->setItemPrototype(new nordika::Cell);  // for texts in cells without items
   ui->taskView->setScene(new QGraphicsScene);             // lives until the process ends
+  fitTexts();
   nameFields();
   for (QAbstractSpinBox* box : findChildren<QAbstractSpinBox*>())
     nordika::turnOnlyWithFocus(*box);
@@ -89,33 +77,17 @@ void Widget::setFiles() {
   std::exit(EXIT_FAILURE);
 }
 
-void Widget::fitFont() {
-  std::vector<ShownText> texts;
-  for (const QAbstractButton* button : findChildren<QAbstractButton*>()) {
-    texts.push_back({button, button->text()});
-  }
-  for (const QDoubleSpinBox* box : findChildren<QDoubleSpinBox*>()) {
-    for (const double bound : {box->minimum(), box->maximum()}) {
-      texts.push_back({box, box->textFromValue(bound)});
-    }
-  }
-  // The labels of the equations change with the method, so both texts must fit.
-  QSet<const QLabel*> changing;
-  std::vector<ShownText> changed;
-  int k = 0;
-  for (const Row& row : rowsOf(*ui)) {
-    ++k;
-    changing << row.before << row.after;
-    for (const int each : {0, 1}) {
-      changed.push_back({row.before, textBefore(each, k)});
-      changed.push_back({row.after, textAfter(each, k)});
-    }
-  }
-  for (const QLabel* label : findChildren<QLabel*>()) {
-    if (!changing.contains(label)) texts.push_back({label, label->text()});
-  }
-  texts.insert(texts.end(), changed.begin(), changed.end());
-  nordika::fitFontFamily(*this, texts, {std::begin(kNarrowFamilies), std::end(kNarrowFamilies)});
+void Widget::fitTexts() {
+  for (QPushButton* button : findChildren<QPushButton*>())
+    nordika::fitLetters(*button, {button->text()});
+  for (QRadioButton* button : findChildren<QRadioButton*>())
+    nordika::fitLetters(*button, {button->text()});
+  for (QLabel* label : findChildren<QLabel*>())
+    nordika::fitLetters(*label, {label->text()});
+  for (QDoubleSpinBox* box : findChildren<QDoubleSpinBox*>())
+    nordika::fitLetters(*box,
+                        {box->textFromValue(box->minimum()), box->textFromValue(box->maximum())});
+  nordika::fitLetters(*ui->n, {QString::number(ui->n->maximum())});
 }
 
 void Widget::nameFields() {
@@ -142,8 +114,13 @@ void Widget::refresh() {
   for (const Row& row : rowsOf(*ui)) {
     ++k;
     row.setVisible(k <= n);
-    row.before->setText(textBefore(method, k));
-    row.after->setText(textAfter(method, k));
+    if (k > n) continue;
+    const QString digit = QString::number(k);
+    setText(*row.before, method != 0 ? "f" : "φ", digit, "(x) = ");
+    if (method != 0)
+      setText(*row.after, " = 0", "", "");
+    else
+      setText(*row.after, " = x", digit, "");
   }
   ui->label_q->setVisible(method == 0);
   ui->q->setVisible(method == 0);
@@ -181,10 +158,8 @@ void Widget::clearInput() {
 }
 
 void Widget::clearResult() {
-  for (const Row& row : rowsOf(*ui)) {
+  for (const Row& row : rowsOf(*ui))
     row.result->clear();
-    row.result->setToolTip(QString());
-  }
   ui->iters->clear();
 }
 

@@ -76,7 +76,7 @@ class Widget : public QWidget {
   Q_SLOT void on_checkNewton_clicked();
   Q_SLOT void on_helpButton_clicked();
 
-  void fitFont();
+  void fitTexts();
   void nameFields();
   void showTask(const QString& picture, const QSize& size);
   void commitCellEditor();

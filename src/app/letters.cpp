@@ -1,0 +1,143 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include "letters.h"
+
+#include <algorithm>
+
+#include <QFont>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProxyStyle>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyleOption>
+#include <QTextLayout>
+#include <QtMath>
+
+namespace nordika {
+
+namespace {
+
+// How far the drawing of a label may begin above the label, and end below it.
+constexpr int kOverlap = 8;
+
+template <typename Option>
+Option optionFor(const QWidget& widget) {
+  Option option;
+  option.initFrom(&widget);
+  return option;
+}
+
+// The width for the advances of the text. Letters may reach one pixel beyond theirs.
+int roomIn(QWidget& widget) {
+  const QStyle& style = *widget.style();
+  const auto button = optionFor<QStyleOptionButton>(widget);
+  if (qobject_cast<QLabel*>(&widget) != nullptr) return widget.width() - 1;
+  if (qobject_cast<QPushButton*>(&widget) != nullptr)
+    return style.subElementRect(QStyle::SE_PushButtonContents, &button, &widget).width() - 1;
+  if (qobject_cast<QRadioButton*>(&widget) != nullptr)
+    return style.subElementRect(QStyle::SE_RadioButtonContents, &button, &widget).width() - 1;
+  auto* edit = qobject_cast<QLineEdit*>(&widget);
+  auto frame = optionFor<QStyleOptionFrame>(widget);
+  if (edit != nullptr) {
+    frame.lineWidth = style.pixelMetric(QStyle::PM_DefaultFrameWidth, &frame, edit);
+  } else {
+    auto box = optionFor<QStyleOptionSpinBox>(widget);
+    box.frame = true;
+    frame.rect =
+        style.subControlRect(QStyle::CC_SpinBox, &box, QStyle::SC_SpinBoxEditField, &widget);
+    edit = widget.findChild<QLineEdit*>();
+    edit->setTextMargins(0, 0, 0, 0);  // some styles leave no room between theirs
+  }
+  const QMargins margins = edit->textMargins();
+  const int contents = style.subElementRect(QStyle::SE_LineEditContents, &frame, edit).width();
+  // Two pixels on both sides, and the cursor.
+  return contents - margins.left() - margins.right() - 2 * 2 - 1;
+}
+
+bool fits(const QWidget& widget, const QString& text, int room) {
+  QString letters = text;
+  while (letters.endsWith(' '))
+    letters.chop(1);
+  if (QFontMetrics(widget.font()).horizontalAdvance(letters) <= room) return true;
+  // Subscripts are smaller than measured, but to lay out rich text takes its time.
+  const auto* label = qobject_cast<const QLabel*>(&widget);
+  return label != nullptr && label->sizeHint().width() + kOverlap <= label->width();
+}
+
+// How far the letters have to move up to be seen whole, from where they stand if their
+// line is in the middle. A line may be higher than the widget; the letters are lower.
+int riseOf(const QWidget& widget, const QString& text) {
+  if (QFontMetrics(widget.font()).height() <= widget.height()) return 0;
+  QTextLayout layout(text, widget.font());
+  layout.beginLayout();
+  const QTextLine line = layout.createLine();
+  layout.endLayout();
+  const qreal baseline = (widget.height() - line.height()) / 2 + line.ascent();
+  const qreal below = QFontMetricsF(widget.font()).tightBoundingRect(text).bottom();
+  return std::max(qCeil(baseline + below) - widget.height(), 0);
+}
+
+// Draws the text of a radio button higher. The button itself has no margins.
+class Raised : public QProxyStyle {
+ public:
+  Raised(QWidget& widget, int by) : QProxyStyle(widget.style()->objectName()), rise(by) {
+    setParent(&widget);
+  }
+  void drawItemText(QPainter* painter, const QRect& room, int flags, const QPalette& palette,
+                    bool enabled, const QString& text, QPalette::ColorRole role) const override {
+    QProxyStyle::drawItemText(painter, room.translated(0, -rise), flags | Qt::TextDontClip, palette,
+                              enabled, text, role);
+  }
+
+ private:
+  int rise;
+};
+
+}  // namespace
+
+QFont inNarrowFamily(const QFont& font) {
+  QStringList families = {"Liberation Sans", "Arimo", "FreeSans"};
+  families << font.families() << font.family();
+  families.removeDuplicates();
+  QFont narrow = font;
+  narrow.setFamilies(families);
+  return narrow;
+}
+
+void fitLetters(QWidget& widget, const QStringList& texts) {
+  widget.ensurePolished();  // styles change margins
+  auto* label = qobject_cast<QLabel*>(&widget);
+  // Otherwise a line higher than the label begins at its top, or is cut off there.
+  if (label != nullptr) {
+    label->setMargin(-kOverlap);
+    label->setContentsMargins(kOverlap, 0, 0, 0);
+  }
+  const int room = roomIn(widget);
+  const auto fit = [&](int stretch) {
+    QFont font = widget.font();
+    font.setStretch(stretch);
+    widget.setFont(font);
+    return std::all_of(texts.begin(), texts.end(),
+                       [&](const QString& text) { return fits(widget, text, room); });
+  };
+  if (!fit(QFont::AnyStretch)) {
+    int least = 1;
+    for (int tooWide = 100; tooWide - least > 1;) {
+      const int middle = (least + tooWide) / 2;
+      (fit(middle) ? least : tooWide) = middle;
+    }
+    fit(least);
+  }
+  const bool isRadio = qobject_cast<QRadioButton*>(&widget) != nullptr;
+  const int rise = label != nullptr || isRadio ? riseOf(widget, texts.first()) : 0;
+  if (label != nullptr) {
+    label->setContentsMargins(kOverlap, 0, 0, 2 * rise);
+    label->update();  // a label itself leaves its margins as they are
+  } else if (rise > 0) {
+    widget.setStyle(new Raised(widget, rise));
+  }
+}
+
+}  // namespace nordika

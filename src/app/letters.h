@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#ifndef NORDIKA_APP_LETTERS_H
+#define NORDIKA_APP_LETTERS_H
+
+#include <QStringList>
+
+class QFont;
+class QWidget;
+
+namespace nordika {
+
+/// The font with families in front of its own ones that are narrow enough for the
+/// form.
+QFont inNarrowFamily(const QFont& font);
+
+/// Narrows the letters of a widget, no further than needed to show each of the texts
+/// whole; letters that fit get their own width back. Size, weight and family stay as
+/// they are. A label that is lower than its letters with their line is moved up into
+/// the blank above the letters.
+/// @param widget a label, button, spin box or line edit, of a fixed geometry
+/// @param texts what the widget shows; of a label, its text
+void fitLetters(QWidget& widget, const QStringList& texts);
+
+}  // namespace nordika
+
+#endif

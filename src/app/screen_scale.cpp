@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 the Nordika authors
+// SPDX-License-Identifier: MIT
+
+#include "screen_scale.h"
+
+#include <X11/Xlib.h>
+#include <cstdlib>
+
+namespace nordika {
+
+void followChosenResolution() {
+  // As Qt 6 does by itself. Its headers declare the attribute of Qt 5 obsolete.
+  setenv("QT_ENABLE_HIGHDPI_SCALING", "1", 0);
+  setenv("QT_SCALE_FACTOR_ROUNDING_POLICY", "PassThrough", 0);
+  Display* display = XOpenDisplay(nullptr);
+  if (display == nullptr) return;
+  // Without a whole number here, Qt 5 would compute 96.07 or the like from the
+  // millimetres that the display reports.
+  const char* resolution = XGetDefault(display, "Xft", "dpi");
+  char* end = nullptr;
+  const bool isWhole =
+      resolution != nullptr && std::strtol(resolution, &end, 10) > 0 && *end == '\0';
+  setenv("QT_FONT_DPI", isWhole ? resolution : "96", 0);
+  XCloseDisplay(display);
+}
+
+}  // namespace nordika
