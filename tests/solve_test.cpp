@@ -109,6 +109,9 @@ TEST_F(SolveTest, PrintsTheSolutionAsTheWindowShowsIt) {
   check({
       {"guide", kGuide, kStop, 0},
       {"solve --config $examples/newton.toml", kGuide, kStop, 0},
+      // The default accuracy, and a = 0.
+      {"solve --start 0 3 --functions '0.5*cos(x1)+a' '0.9*x2'",
+       "x1 = 0.450184\nx2 = 8.85387e-05\niterations = 99\n", kStop, 0},
       {"spiral", "x1 = 0.456431\nx2 = 0.420516\niterations = 7\n", kStop, 0},
       {"half -q 0.9 --eps 1e-300 -a 1e5", kHalf, kStop, 0},
       {"half --eps 0.49", kHalf, kStop, 0},
@@ -306,7 +309,11 @@ TEST_F(SolveTest, ChecksTheJacobiMatrixAtTheStart) {
        "J[1][1]: typed 1, expected 2\nJ[1][2]: typed 2, expected 1\n"
        "J[2][2]: typed 2e-09, expected 0\n",
        "", 3},
+      {"check 1 x1-1 2", "J[1][1]: typed 2, expected 1\n", "", 3},
       {"check 2 'ln(x1)' 1/x1^2", "J[1][1]: typed 0.25, expected 0.5\n", "", 3},
+      {"check -2 'ln(-x1)' -1/x1", "J[1][1]: typed 0.5, expected -0.5\n", "", 3},
+      // As far as rounding shows it.
+      {"check 1 65536+x1/2 1", "J[1][1]: typed 1, expected 0.499999\n", "", 3},
       {"check 1000 x1^3 '3.001*x1^2'", "J[1][1]: typed 3.001e+06, expected 3e+06\n", "", 3},
       {"check 0.123456789 '-sin(x1)/x1' 0", "J[1][1]: typed 0, expected 0.0410896\n", "", 3},
       {"check 0 'sqrt(x1)' 1", "", kBadResult, 1},
@@ -340,7 +347,9 @@ TEST_F(SolveTest, CallsNoRightElementWrong) {
       {"1e-300", "x1^2", "2*x1"},
       {"1e4", "sin(1e13*x1)", "1e13*cos(1e13*x1)"},
       {"500", "1/cosh(x1)", "0-sinh(x1)/cosh(x1)^2"},
-      {"10000", "arcctg(x1)", "-1/(1+x1^2)"},
+      {"33.6", "arcctg(sinh(x1))", "0-cosh(x1)/(1+sinh(x1)^2)"},
+      {"1", "arcctg(2000/(x1-0.999999))", "2000/((x1-0.999999)^2+4e6)"},
+      {"1", "x1+3e-16*sin(2e12*pi*x1)", "1+6e-4*pi*cos(2e12*pi*x1)"},
       {"5e-324", "x1", "1"},
   };
   for (const auto& [start, function, element] : rows) {

@@ -82,37 +82,33 @@ Rounded centralDifference(Function& function, const std::string& name, double x,
   return {(right.value - left.value) / width, (right.error + left.error) / width};
 }
 
-// Whether differences for finer steps confirm the one for this step rather than the typed
-// value, as far as their rounding errors let them.
-bool isConfirmed(const Rounded& expected, const Rounded& typed, double tolerance,
-                 Function& function, const std::string& name, double x, double step) {
-  const double gap = std::fabs(typed.value - expected.value);
-  for (bool isFirst = true;; isFirst = false) {
+// Whether the differences for finer steps, as far as their rounding errors let them tell a
+// gap of this size, stay with the one for this step. Otherwise the function swings, jumps or
+// has a pole within the step.
+bool isSteady(const Rounded& difference, double gap, Function& function, const std::string& name,
+              double x, double step) {
+  while (true) {
     step /= 10;
+    if (x + step == x - step) return true;
     const Rounded finer = centralDifference(function, name, x, step);
-    const double change = std::fabs(finer.value - expected.value);
-    if (isFirst && !(gap > tolerance + 10 * change)) return false;
-    if (!(4 * finer.error < gap)) return true;
-    if (std::fabs(typed.value - finer.value) < change) return false;
-    // The function swings within the step.
-    if (change > 0.1 * std::fabs(expected.value) + 4 * finer.error) return false;
+    if (std::isinf(finer.error)) return false;
+    if (4 * finer.error >= gap) return true;
+    if (std::fabs(finer.value - difference.value) >
+        0.1 * std::fabs(difference.value) + 4 * finer.error)
+      return false;
   }
 }
 
-// How far the element goes from its value within the step, infinitely where it is undefined.
-// The samples lie irregularly: an element that swings may be the same at equal distances.
+// How far the element goes from its value within the step. The samples lie irregularly: an
+// element that swings may be the same at equal distances.
 double swing(Function& element, const std::string& name, double x, double step, double typed) {
   constexpr int kSamples = 24;
-  constexpr double kGoldenRatio = 0.618034;
+  constexpr double kGoldenRatio = 0.6180339887498949;
   double largest = 0;
-  try {
-    for (int k = 1; k <= kSamples; ++k) {
-      const double offset = step * (2 * std::fmod(k * k * kGoldenRatio, 1) - 1);
-      element.variables.insert_or_assign(name, x + offset);
-      largest = std::max(largest, std::fabs(element.calculate(element.postfix) - typed));
-    }
-  } catch (const ExpressionBadResult&) {
-    return std::numeric_limits<double>::infinity();
+  for (int k = 1; k <= kSamples; ++k) {
+    const double offset = step * (2 * std::fmod(k * k * kGoldenRatio, 1) - 1);
+    element.variables.insert_or_assign(name, x + offset);
+    largest = std::max(largest, std::fabs(element.calculate(element.postfix) - typed));
   }
   return largest;
 }
@@ -136,8 +132,7 @@ std::string compared(Function& function, Function& element, const std::vector<do
   const double gap = std::fabs(typed.value - expected.value);
   const double tolerance = 1e-4 * std::max(std::fabs(typed.value), std::fabs(expected.value)) +
                            4 * (typed.error + expected.error);
-  const bool isWrong = gap > tolerance &&
-                       isConfirmed(expected, typed, tolerance, function, name, x, step) &&
+  const bool isWrong = gap > tolerance && isSteady(expected, gap, function, name, x, step) &&
                        gap > tolerance + 2 * swing(element, name, x, step, typed.value);
   std::string line;
   if (isWrong) {

@@ -17,12 +17,10 @@ namespace nordika {
 /// An element is wrong if it differs from the difference by more than the sum of
 /// - 1e-4 of the larger one,
 /// - four times the bound of the rounding errors in both,
-/// - ten times the change of the difference for a tenth of the step,
 /// - twice the largest change of the element within the step.
 ///
-/// And differences for still smaller steps must not come nearer to the element, nor change
-/// by a tenth. So a function that bends or swings within the step does not make a right
-/// element wrong.
+/// And the differences for smaller steps must not change by a tenth. So a function that
+/// bends, swings or jumps within the step does not make a right element wrong.
 /// @param functions n functions
 /// @param jacobian n rows of n elements
 /// @param point of length n
