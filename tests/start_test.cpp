@@ -11,6 +11,7 @@
 #include <QtTest>
 
 #include "looks.h"
+#include "screen_scale.h"
 #include "widget.h"
 
 int nordikaMain(int argc, char** argv);  // main() of the program
@@ -118,6 +119,9 @@ int start() {
 }
 
 TEST(StartDeathTest, TheWindowIsWholeInEveryEnvironment) {
+  // Its connection keeps the server from resetting between the programs.
+  nordika::followChosenResolution();
+  unsetenv("QT_FONT_DPI");
   for (const Environment& each : kEnvironments) {
     environment = &each;
     EXPECT_EXIT(std::_Exit(start()), ::testing::ExitedWithCode(0), "")

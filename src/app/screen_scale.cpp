@@ -12,7 +12,7 @@ void followChosenResolution() {
   // As Qt 6 does by itself. Its headers declare the attribute of Qt 5 obsolete.
   setenv("QT_ENABLE_HIGHDPI_SCALING", "1", 0);
   setenv("QT_SCALE_FACTOR_ROUNDING_POLICY", "PassThrough", 0);
-  Display* display = XOpenDisplay(nullptr);
+  Display* const display = XOpenDisplay(nullptr);
   if (display == nullptr) return;
   // Without a whole number here, Qt 5 would compute 96.07 or the like from the
   // millimetres that the display reports.
@@ -21,7 +21,8 @@ void followChosenResolution() {
   const bool isWhole =
       resolution != nullptr && std::strtol(resolution, &end, 10) > 0 && *end == '\0';
   setenv("QT_FONT_DPI", isWhole ? resolution : "96", 0);
-  XCloseDisplay(display);
+  // The connection stays open. A server that loses its only client may reset, and
+  // then rejects the connection of Qt.
 }
 
 }  // namespace nordika

@@ -8,8 +8,8 @@ namespace nordika {
 
 /// Makes Qt 5 scale all of a window by the resolution that the user has set for the
 /// X server (Xft.dpi), as Qt 6 does: 1.25 at 120 dots per inch. Where none is set, the
-/// scale is 1, whatever size the display reports. Call it before QApplication is
-/// constructed. Variables of the environment that set a scale keep their meaning.
+/// scale is 1, whatever size the display reports. Variables of the environment that
+/// set a scale keep their meaning. Call it once, before QApplication is constructed.
 void followChosenResolution();
 
 }  // namespace nordika
