@@ -6,13 +6,11 @@
 
 #include <fcntl.h>
 #include <fstream>
-#include <gtest/gtest.h>
 
 #include <QtTest>
 
-#include "looks.h"
 #include "screen_scale.h"
-#include "widget.h"
+#include "window_fixture.h"
 
 int nordikaMain(int argc, char** argv);  // main() of the program
 

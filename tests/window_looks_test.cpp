@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "letters.h"
-#include "looks.h"
 #include "window_fixture.h"
 
 namespace {
