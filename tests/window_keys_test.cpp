@@ -139,6 +139,8 @@ TEST_F(KeysTest, EveryFieldHasAName) {
   click("clearButton");
   grid()->model()->setData(grid()->model()->index(1, 0), "x1");
   names << cells->cellAt(1, 0)->text(QAccessible::Name);
+  EXPECT_THAT(child("a")->accessibleDescription().toStdString(),
+              ::testing::StartsWith("Эта переменная может использоваться"));
   EXPECT_EQ(names.join("; ").toStdString(),
             "Количество уравнений в системе; Точность вычислений; Параметр a; Константа сжатия q; "
             "Число затраченных итераций; Матрица Якоби; Общий вид решаемой задачи; Уравнение 1; "

@@ -31,10 +31,8 @@ const char kSubscript[] =
     "<html><head/><body><p>%1<span style=\" vertical-align:sub;\">%2</span>%3</p></body></html>";
 
 void setText(QLabel& label, const QString& before, const QString& subscript, const QString& after) {
-  const QString text =
-      subscript.isEmpty() ? before + after : QString(kSubscript).arg(before, subscript, after);
-  if (label.text() == text) return;
-  label.setText(text);
+  label.setText(subscript.isEmpty() ? before + after
+                                    : QString(kSubscript).arg(before, subscript, after));
   nordika::fitLetters(label, {before + subscript + after});
 }
 
@@ -43,7 +41,6 @@ void setText(QLabel& label, const QString& before, const QString& subscript, con
 Widget::Widget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui_Widget>()) {
   // Otherwise the boxes show and read numbers in the form of the environment's
   // language. The engine only knows the decimal point.
-  QLocale::setDefault(QLocale::c());
   setLocale(QLocale::c());
   // Before the form is built, so that the fonts of another family are not loaded.
   QApplication::setFont(nordika::inNarrowFamily(QApplication::font()));
