@@ -25,12 +25,12 @@ struct Environment {
 };
 
 const Environment kEnvironments[] = {
-    {"fusion", "liberation2", "", 1, 0},  // the fonts of the package
-    {"windows", "liberation2", "96.07", 1, 8},
+    {"fusion", "liberation", "", 1, 0},  // the fonts of the package
+    {"windows", "liberation", "96.07", 1, 8},
     {"fusion", "dejavu", "", 1, 0},
     {"fusion", "open-sans", "", 1, 0},  // high lines
     {"fusion", "../opentype/cantarell", "", 1, 8},
-    {"fusion", "liberation2", "120", 1.25, 0},
+    {"fusion", "liberation", "120", 1.25, 0},
     {"windows", "dejavu", "144", 1.5, 0},
 };
 
@@ -102,7 +102,8 @@ int start() {
   QDir::setCurrent(directory.path());
   std::ofstream("fonts.conf")
       << "<!DOCTYPE fontconfig SYSTEM \"urn:fontconfig:fonts.dtd\"><fontconfig><dir>"
-      << "/usr/share/fonts/truetype/" << environment->fonts
+      << "/usr/share/fonts/truetype/" << environment->fonts << "</dir><dir>"
+      << "/usr/share/fonts/truetype/" << environment->fonts << "2"  // liberation2 in Debian 12
       << "</dir><cachedir>.</cachedir><include>/etc/fonts/conf.d</include></fontconfig>";
   setenv("FONTCONFIG_FILE", qPrintable(directory.filePath("fonts.conf")), 1);
   std::ofstream("resources") << "Xft.dpi: " << environment->resolution << "\n";
