@@ -1,0 +1,64 @@
+# SPDX-FileCopyrightText: 2026 the Nordika authors
+# SPDX-License-Identifier: MIT
+#
+# The commands of the transcripts. A transcript has a command after "$" and, after ">",
+# its further lines. There follow the lines of its standard output, those of its standard
+# error stream after "!", and after "?" its exit status, if that is not 0. Before what
+# follows "! ..." the stream may have anything.
+
+solve() { "${program:?}" "$@" ${refusing:+--log kept}; }
+newton() { solve --method newton --start "$@"; }
+
+# An example of the guide, and two systems with golden traces.
+guide() {
+  newton 0 0 -a 0.4 --functions '2*x1-cos(x2)' '2*x2-sin(x1)-a' \
+    --jacobian 2 'sin(x2)' '-cos(x1)' 2 "$@"
+}
+circle() { newton 1 2 -a 4 --functions 'x1^2+x2^2-a' x1-x2 --jacobian '2*x1' '2*x2' 1 -1 "$@"; }
+spiral() { solve --start 0 0 --eps 0.001 --functions '0.5*cos(x2)' '0.5*sin(x1)+0.2' "$@"; }
+
+half() { solve --functions 0.5 --start 0 "$@"; }
+root() {
+  start=$1
+  shift
+  newton "$start" --functions x1^2-2 --jacobian "$@"
+}
+check() {
+  start=$1 function=$2 element=$3
+  shift 3
+  newton "$start" --functions "$function" --jacobian "$element" --check-jacobian "$@"
+}
+
+# Solves the problem file of these lines.
+file() {
+  printf '%s\n' "$@" >p.toml
+  solve --config p.toml
+}
+
+long() {
+  printf '%s' "$1"
+  yes "$2" | head -n 25000 | tr -d '\n'
+}
+
+limited() { (
+  ulimit -f 1
+  "$@"
+); }
+
+# Wrong usage touches no log.
+refused() {
+  echo old >kept
+  refusing=yes
+  "$@"
+  status=$?
+  grep -qx old kept || echo "the log was touched"
+  return $status
+}
+
+# The message is the option parser's own.
+told() {
+  "$@" 2>told
+  status=$?
+  sed 's/: .*/: .../' told >&2
+  return $status
+}
