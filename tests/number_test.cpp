@@ -56,7 +56,7 @@ std::vector<double> tellingValues() {
   };
   for (int exponent = -20; exponent < 25; ++exponent)
     addWithNeighbours(std::strtod(("1e" + std::to_string(exponent)).c_str(), nullptr));
-  for (int i = 0; i < 30000; ++i) {
+  for (int i = 0; i < 8000; ++i) {
     const auto any = std::bit_cast<double>(random());
     if (std::isfinite(any)) values.push_back(any);
     const auto digits = static_cast<double>(100000 + random() % 900000);
