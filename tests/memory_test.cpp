@@ -3,14 +3,12 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <functional>
 #include <gtest/gtest.h>
 #include <new>
 #include <string_view>
 #include <vector>
 
-#include "matrices.h"
-#include "nordika/solver.h"
+#include "methods.h"
 #include "nordika/trace.h"
 
 namespace {
@@ -44,46 +42,24 @@ TEST(Memory, RunsOutAtAnyAllocationWithoutLeaksOrHalfDoneResults) {
     std::memcpy(trace + length, text.data(), text.size());
     length += text.size();
   });
-  const Matrix a = matrixOf({{4, 1, 0}, {1, 3, 1}, {0, 1, 5}});
-  const Vector b = {5, 5, 6};
   const Function other("x1*a+0*b+1", "a = 10 b = 1");
   int iters = 0;
-  const std::function<void()> runs[] = {
-      [&] {
-        Function f("x1+x2*a", "a = 2");
-        try {
-          f({1, 2});
-          f = other;
-        } catch (const std::bad_alloc&) {
-          for (const auto& [name, value] : f.variables)
-            EXPECT_NE(value, 0) << name;
-          EXPECT_EQ(f({1, 2}) + f.eval("x1 = 2"), 5 + 6);
-          throw;
-        }
-      },
-      [&] {
-        NewtonProblem problem({Function("x1^2-2")}, {1}, {{Function("2*x1")}});
-        solve_nonlinear_system_newton(problem, 0.1, iters);
-      },
-      [&] {
-        SimpleItersProblem problem({Function("x1/2")}, {1}, 0.5);
-        solve_nonlinear_system_simple_iters(problem, 0.1, iters);
-      },
-      [&] {
-        std::vector<std::complex<double>> roots;
-        getEigenvaluesWithQR(a, 1, roots, iters);
-      },
-      [&] {
-        Vector values;
-        Matrix V;
-        getEigenvaluesWithJacobi(a, 0.1, values, V, iters);
-      },
-      [&] { solveSiedel(a, b, 0.1, iters); },
-      [&] { solveSimpleIterations(a, b, 0.1, iters); },
-      [&] { solveTridiagonalMatrixAlgo(a, b); },
-      [&] { calcInverseMatrixWithLUP(a); },
+  std::vector<TracedMethod> methods = tracedMethods();
+  methods.push_back({[](double, int&) { calcInverseMatrixWithLUP(randomMatrix(3, 1)); }, ""});
+  const auto assign = [&other](double, int&) {
+    Function f("x1+x2*a", "a = 2");
+    try {
+      f({1, 2});
+      f = other;
+    } catch (const std::bad_alloc&) {
+      for (const auto& [name, value] : f.variables)
+        EXPECT_NE(value, 0) << name;
+      EXPECT_EQ(f({1, 2}) + f.eval("x1 = 2"), 5 + 6);
+      throw;
+    }
   };
-  for (const auto& run : runs) {
+  methods.push_back({assign, ""});
+  for (const auto& [run, blocks] : methods) {
     bool failed = true;
     for (long k = 0; failed; ++k) {
       const long before = alive;
@@ -91,7 +67,7 @@ TEST(Memory, RunsOutAtAnyAllocationWithoutLeaksOrHalfDoneResults) {
       length = 0;
       untilFailure = k;
       try {
-        run();
+        run(0.1, iters);
         failed = false;
       } catch (const std::bad_alloc&) {
         EXPECT_EQ(iters, -1);

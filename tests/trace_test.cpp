@@ -3,12 +3,10 @@
 
 #include "nordika/trace.h"
 
-#include <complex>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
-#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -18,8 +16,7 @@
 #include <utility>
 
 #include "capture.h"
-#include "matrices.h"
-#include "nordika/solver.h"
+#include "methods.h"
 
 namespace {
 
@@ -113,52 +110,18 @@ TEST(TraceRedirect, GivesTheTextToTheInnermostFunction) {
   EXPECT_EQ(captureTrace(solve), trace);
 }
 
-// The first word of each block of lines between two flushes.
-std::string blocks(const std::function<void()>& run) {
-  std::string words;
-  const TraceRedirect redirect([&words](std::string_view lines) {
-    words += std::string(lines.substr(0, lines.find_first_of(" :[\n"))) + " ";
-  });
-  run();
-  return words;
-}
-
-// A process that dies while a function or a matrix is computed leaves these blocks.
+// A process that dies while a function or a matrix is computed leaves the blocks that
+// were flushed before.
 TEST(Trace, IsFlushedBeforeEachComputation) {
-  const Matrix a = matrixOf({{2, 1}, {1, 2}});
-  const Vector b = {1, 2};
-  int iters = 0;
-  const struct {
-    std::function<void()> run;
-    const char* words;
-  } rows[] = {
-      {[&] {
-         SimpleItersProblem problem({Function("1")}, {0}, 0.5);
-         solve_nonlinear_system_simple_iters(problem, 0.1, iters);
-       },
-       "Solve Iteration Epsilon x Iteration Epsilon x Solve "},
-      {[&] {
-         NewtonProblem problem({Function("x1-1")}, {0}, {{Function("1")}});
-         solve_nonlinear_system_newton(problem, 1e300, iters);
-       },
-       "Solve Iteration LUP L Epsilon x Solve "},
-      {[&] { solveTridiagonalMatrixAlgo(a, b); }, "Tridiagonal P Q  result "},
-      {[&] { solveSimpleIterations(a, b, 9, iters); }, "Simple Iteration Simple "},
-      {[&] { solveSiedel(a, b, 9, iters); }, "Seidel Iteration Seidel "},
-      {[&] {
-         std::vector<std::complex<double>> roots;
-         getEigenvaluesWithQR(a, 9, roots, iters);
-       },
-       "QR Q Iteration Iteration QR "},
-      {[&] {
-         Vector values;
-         Matrix V;
-         getEigenvaluesWithJacobi(a, 9, values, V, iters);
-       },
-       "Jacobi Iteration Jacobi "},
-  };
-  for (const auto& [run, words] : rows)
-    EXPECT_EQ(blocks(run), words);
+  for (const auto& [run, blocks] : tracedMethods()) {
+    std::string words;
+    const TraceRedirect redirect([&words](std::string_view lines) {
+      words += std::string(lines.substr(0, lines.find_first_of(" :[\n"))) + " ";
+    });
+    int iters = 0;
+    run(9, iters);
+    EXPECT_EQ(words, blocks);
+  }
 }
 
 TEST(TraceRedirect, DiscardsOrLosesTextWithoutHarm) {
@@ -176,6 +139,8 @@ TEST(TraceRedirect, DiscardsOrLosesTextWithoutHarm) {
             "heard");
   EXPECT_FALSE(Trace::takeLoss());
   const TraceRedirect broken([](std::string_view) { throw 1; });
+  trace.flush();
+  EXPECT_FALSE(Trace::takeLoss());  // of nothing
   EXPECT_EQ(captureTrace(solve), "");
   EXPECT_TRUE(Trace::takeLoss());
 }

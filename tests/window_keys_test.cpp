@@ -54,23 +54,21 @@ TEST_F(KeysTest, TheExampleOfTheGuideNeedsNoMouse) {
   EXPECT_EQ(results(), "0.456466;0.420389;;;4");
 }
 
-const char* const kWays[][3] = {
-    {"0 0", "tab", "jacobiMatrix 0 1"},
-    {"0 1", "tab", "jacobiMatrix 1 0"},
-    {"1 1", "tab", "init_x_1"},
-    {"1 1", "back", "jacobiMatrix 1 0"},
-    {"1 0", "back", "jacobiMatrix 0 1"},
-    {"0 0", "back", "eq_2"},
-    {"0 1", "ctrl-tab", "init_x_1"},
-    {"1 0", "ctrl-back", "eq_2"},
-    {"0 0", "x1 tab", "jacobiMatrix 0 1"},
-    {"1 1", "x1 tab", "init_x_1"},
-    {"0 0", "x1 back", "eq_2"},
-    {"1 0", "x1 back", "jacobiMatrix 0 1"},
-    {"0 1", "x1 ctrl-tab", "init_x_1"},
-    {"1 0", "x1 ctrl-back", "eq_2"},
-    {"0 0", "x1 tab x2", "jacobiMatrix 0 1"},
-};
+const char* const kWays[][3] = {{"0 0", "tab", "jacobiMatrix 0 1"},
+                                {"0 1", "tab", "jacobiMatrix 1 0"},
+                                {"1 1", "tab", "init_x_1"},
+                                {"1 1", "back", "jacobiMatrix 1 0"},
+                                {"1 0", "back", "jacobiMatrix 0 1"},
+                                {"0 0", "back", "eq_2"},
+                                {"0 1", "ctrl-tab", "init_x_1"},
+                                {"1 0", "ctrl-back", "eq_2"},
+                                {"0 0", "x1 tab", "jacobiMatrix 0 1"},
+                                {"1 1", "x1 tab", "init_x_1"},
+                                {"0 0", "x1 back", "eq_2"},
+                                {"1 0", "x1 back", "jacobiMatrix 0 1"},
+                                {"0 1", "x1 ctrl-tab", "init_x_1"},
+                                {"1 0", "x1 ctrl-back", "eq_2"},
+                                {"0 0", "x1 tab x2", "jacobiMatrix 0 1"}};
 
 TEST_F(KeysTest, TabWalksThroughTheGridAndOutOfIt) {
   for (const auto& [from, keys, to] : kWays) {
