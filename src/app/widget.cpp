@@ -138,7 +138,6 @@ void Widget::refreshJacobiMatrix() {
 }
 
 void Widget::clearJacobiMatrix() {
-  ui->jacobiMatrix->clear();
   ui->jacobiMatrix->setRowCount(0);
   ui->jacobiMatrix->setColumnCount(0);
 }

@@ -5,8 +5,10 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <set>
+#include <system_error>
 
 #include "nordika/version.h"
 #include "number_text.h"
@@ -150,6 +152,10 @@ void check(const Options& options, const Command& command) {
   };
   requireCount(options.start, command.start.size(), n);
   if (command.isNewton) requireCount(options.jacobian, command.jacobian.size(), n * n);
+  std::error_code ignored;  // if a file is missing, the two are not the same
+  require(!command.log ||
+              !std::filesystem::equivalent(textOf(options.config, ""), *command.log, ignored),
+          "--log names the problem file");
 }
 
 }  // namespace

@@ -4,25 +4,18 @@
 #include "output.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
+
+#include "trace/write_all.h"
 
 namespace nordika {
 
 namespace {
 
 bool writeAll(int file, std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t written = write(file, text.data(), text.size());
-    if (written >= 0) {
-      text.remove_prefix(static_cast<std::size_t>(written));
-    } else if (errno != EINTR) {
-      return false;
-    }
-  }
-  return true;
+  return detail::writeAll(file, text) == text.size();
 }
 
 }  // namespace

@@ -5,16 +5,15 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cerrno>
 #include <charconv>
 #include <cstdio>
 #include <limits>
 #include <stdio_ext.h>
-#include <unistd.h>
 #include <utility>
 
 #include "number/fixed_decimals.h"
 #include "number/six_digits.h"
+#include "trace/write_all.h"
 
 namespace nordika {
 
@@ -27,23 +26,12 @@ std::atomic<bool> endsInsideLine = false;
 // The innermost redirection of this thread.
 thread_local TraceRedirect* innermost = nullptr;
 
-// Returns the number of bytes written; an error ends the writing.
+// Returns the number of bytes written.
 std::size_t writeAll(std::string_view bytes) {
   const int file = fileno(stderr);
-  if (file < 0) {
-    const std::size_t written = std::fwrite(bytes.data(), 1, bytes.size(), stderr);
-    return std::fflush(stderr) == 0 ? written : 0;
-  }
-  std::size_t written = 0;
-  while (written < bytes.size()) {
-    const ssize_t now = write(file, bytes.data() + written, bytes.size() - written);
-    if (now > 0) {
-      written += static_cast<std::size_t>(now);
-    } else if (now == 0 || errno != EINTR) {
-      break;
-    }
-  }
-  return written;
+  if (file >= 0) return detail::writeAll(file, bytes);
+  const std::size_t written = std::fwrite(bytes.data(), 1, bytes.size(), stderr);
+  return std::fflush(stderr) == 0 ? written : 0;
 }
 
 void writeToStandardError(std::string_view text) {
