@@ -70,6 +70,10 @@ TEST(Function, FollowsItsVariablesThroughEveryChange) {
   EXPECT_THROW(other({1, 2}), ExpressionUnknownVariable);
   other.variables["c"] = 2;
   EXPECT_EQ(other({1, 2}), 5);
+  Function third("x1*c", "c = 3");
+  EXPECT_EQ(third({1}), 3);
+  third.variables = other.variables;
+  EXPECT_EQ(third({1}), 2);
   const auto taken = std::move(other.variables);
   EXPECT_THROW(other({1, 2}), ExpressionUnknownVariable);
   Function moved = std::move(f);

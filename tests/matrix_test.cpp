@@ -28,6 +28,7 @@ TEST(Matrix, ReportsMisuseByType) {
     EXPECT_THROW(b[index][0] = 1, MatrixIndexOutOfBound);
     EXPECT_THROW(b.swapRows(0, index), MatrixIndexOutOfBound);
     EXPECT_THROW(b.swapColumns(index, 0), MatrixIndexOutOfBound);
+    EXPECT_THROW(b.swapColumns(0, index), MatrixIndexOutOfBound);
     EXPECT_THROW(b.insertColumn(index, three), MatrixIndexOutOfBound);
   }
   EXPECT_THROW(b.insertColumn(1, three), MatrixWrongDimensions);
@@ -78,6 +79,7 @@ TEST(Matrix, MeasuresAndJudges) {
   EXPECT_FALSE(matrixOf({{1, 2}, {2.00002, 1}}).isSymmetrical());
   EXPECT_TRUE(matrixOf({{1, kNan}, {2, 1}}).isSymmetrical());
   EXPECT_TRUE(Matrix(0).isSymmetrical() && Matrix(0).isTridiagonal());
+  EXPECT_FALSE(matrixOf({{1, 0, 0}, {0, 1, 2}, {0, 3, 1}}).isSymmetrical());
   for (const double corner : {1e-300, kNan}) {
     Matrix a = getIdentityMatrix(3);
     EXPECT_TRUE(a.isTridiagonal());

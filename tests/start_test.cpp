@@ -26,7 +26,7 @@ struct Environment {
 
 const Environment kEnvironments[] = {
     {"fusion", "liberation", "", 1, 0},  // the fonts of the package
-    {"windows", "liberation", "96.07", 1, 8},
+    {"windows", "liberation", "96.07", 1, 14},
     {"fusion", "dejavu", "", 1, 0},
     {"fusion", "open-sans", "", 1, 0},  // high lines
     {"fusion", "../opentype/cantarell", "", 1, 8},

@@ -65,7 +65,7 @@ TEST(Trace, LosesWhatCannotBeWrittenButNoLineAfterIt) {
     const std::string text = captureTrace([&] {
       setrlimit(RLIMIT_FSIZE, &small);
       Trace trace;
-      for (const char* const lines : {"whole\n", "cut off here\nor here\n", "lost\n"}) {
+      for (const char* const lines : {"whole\n", "cut off here\nor here\n", "\nlost\n"}) {
         trace << lines;
         trace.flush();
       }
@@ -103,6 +103,7 @@ TEST(TraceRedirect, GivesTheTextToTheInnermostFunction) {
             "a word of the program's");
   EXPECT_EQ(innerText, trace);
   EXPECT_EQ(outerText, trace);
+  { const TraceRedirect ended({}); }
   outer.reset();
   EXPECT_EQ(captureTrace(solve), "");
   EXPECT_EQ(innerText, trace + trace);
@@ -153,6 +154,11 @@ TEST(Trace, IsWrittenToAStreamWithoutADescriptor) {
   std::fclose(std::exchange(stderr, terminal));
   EXPECT_EQ(std::string(text, size), captureTrace(solve));
   std::free(text);
+  char room[8];
+  std::exchange(stderr, fmemopen(room, sizeof room, "w"));
+  solve();
+  std::fclose(std::exchange(stderr, terminal));
+  EXPECT_TRUE(Trace::takeLoss());
 }
 
 // For the thread sanitizer as well.

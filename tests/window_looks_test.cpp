@@ -117,7 +117,9 @@ const char* const kResults[] = {"-1.23457e-308", "1.41421", "3.76684e-13", "-1.2
 
 TEST_F(WindowTest, EveryResultIsSeenWhole) {
   EXPECT_EQ(QFontInfo(window->font()).family(), "Liberation Sans");
-  EXPECT_EQ(nordika::inNarrowFamily(QFont("Own")).families().last(), "Own");
+  const QFont narrow = nordika::inNarrowFamily(QFont("Own", 33));
+  EXPECT_EQ(narrow.families().last(), "Own");
+  EXPECT_EQ(narrow.pointSize(), 33);
   for (const char* result : kResults) {
     run("Simple", result);
     auto* field = child<QLineEdit>("res_x_1");

@@ -60,7 +60,6 @@ void eliminateBelow(Matrix& L, Matrix& U, int k, int end) {
 // The steps begin .. end-1 in the columns from `first` on.
 void eliminateRight(const Matrix& L, Matrix& U, int begin, int end, int first) {
   const int n = U.dimension();
-  if (first >= n) return;
   for (int i = begin + 1; i < n; ++i) {
     const double* const m = L[i].data() + begin;
     double* const row = U[i].data();

@@ -22,19 +22,16 @@ bool isSign(char c) {
 // The number of characters that the extraction takes before it judges them.
 std::size_t numberLength(std::string_view text) {
   std::size_t i = !text.empty() && isSign(text[0]) ? 1 : 0;
-  bool digits = false;
   bool point = false;
   bool exponent = false;
   for (; i < text.size(); ++i) {
     const char c = text[i];
-    if (isDigit(c)) {
-      digits = true;
-    } else if (c == '.' && !point && !exponent) {
+    if (c == '.' && !point && !exponent) {
       point = true;
-    } else if ((c == 'e' || c == 'E') && digits && !exponent) {
+    } else if ((c == 'e' || c == 'E') && !exponent) {
       exponent = true;
       if (i + 1 < text.size() && isSign(text[i + 1])) ++i;
-    } else {
+    } else if (!isDigit(c)) {
       break;
     }
   }
