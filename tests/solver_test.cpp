@@ -60,17 +60,14 @@ Solved solved(Problem problem, double eps) {
   return result;
 }
 
-TEST(SimpleIterations, TracesEveryIteration) {
-  const Solved run = solved(simpleIters({"0.5*cos(x2)", "0.5*sin(x1)+0.2"}, {0, 0}, 0.5), 1e-3);
-  EXPECT_EQ(run.trace, golden("simple_iterations_two.txt"));
-  EXPECT_NEAR(run.x.at(1), 0.5 * std::sin(run.x[0]) + 0.2, 1e-3);
-}
-
-TEST(Newton, TracesEveryIteration) {
-  const Solved run =
+TEST(Solvers, TraceEveryIteration) {
+  const Solved spiral = solved(simpleIters({"0.5*cos(x2)", "0.5*sin(x1)+0.2"}, {0, 0}, 0.5), 1e-3);
+  EXPECT_EQ(spiral.trace, golden("simple_iterations_two.txt"));
+  EXPECT_NEAR(spiral.x.at(1), 0.5 * std::sin(spiral.x[0]) + 0.2, 1e-3);
+  const Solved circle =
       solved(newton({"x1^2+x2^2-a", "x1-x2"}, {1, 2}, {{"2*x1", "2*x2"}, {"1", "-1"}}), 1e-5);
-  EXPECT_EQ(run.trace, golden("newton_two.txt"));
-  EXPECT_NEAR(run.x.at(0), std::sqrt(2.0), 1e-5);
+  EXPECT_EQ(circle.trace, golden("newton_two.txt"));
+  EXPECT_NEAR(circle.x.at(0), std::sqrt(2.0), 1e-5);
 }
 
 TEST(Solvers, StepAsTheirPartsDo) {
@@ -142,14 +139,6 @@ TEST(Newton, RefusesARowThatIsTooShort) {
   NewtonProblem problem = newton({"x1", "x2"}, {1, 2}, {{"1", "0"}, {"0"}});
   EXPECT_THROW(problem.calcJacobi(1, 1, {1, 2}), MatrixWrongDimensions);
   check({{solved(problem, 1), "dimensions", -1, "1\n"}});
-}
-
-TEST(Problems, ComputeEachFunctionByItsIndex) {
-  SimpleItersProblem simple = simpleIters({"x1", "x2+1"}, {0, 0}, 0.5);
-  EXPECT_EQ(simple.calcPhi(0, {5, 7}) * 100 + simple.calcPhi(1, {5, 7}), 508);
-  NewtonProblem problem = newton({"x1", "x2+1"}, {0, 0}, {{"1", "2*x1"}, {"3", "4"}});
-  EXPECT_EQ(problem.calcF(0, {5, 7}) * 100 + problem.calcF(1, {5, 7}), 508);
-  EXPECT_EQ(problem.calcJacobi(0, 1, {5, 7}) * 100 + problem.calcJacobi(1, 0, {5, 7}), 1003);
 }
 
 TEST(Solvers, EuclideanNormSumsInIndexOrder) {
