@@ -117,6 +117,20 @@ int start() {
   return nordikaMain(1, arguments) + (faults > 0 ? 2 : 0);
 }
 
+TEST(StartTest, TheScaleIsChosenUnlessTheUserHasChosenIt) {
+  const char* const rows[][2] = {{"QT_ENABLE_HIGHDPI_SCALING", "1"},
+                                 {"QT_SCALE_FACTOR_ROUNDING_POLICY", "PassThrough"},
+                                 {"QT_FONT_DPI", "96"}};
+  for (const auto& [name, chosen] : rows) {
+    setenv(name, "user's", 1);
+    nordika::followChosenResolution();
+    EXPECT_STREQ(getenv(name), "user's");
+    unsetenv(name);
+    nordika::followChosenResolution();
+    EXPECT_STREQ(getenv(name), chosen);
+  }
+}
+
 TEST(StartDeathTest, TheWindowIsWholeInEveryEnvironment) {
   // Its connection keeps the server from resetting between the programs.
   nordika::followChosenResolution();

@@ -130,7 +130,8 @@ TEST(TraceRedirect, DiscardsOrLosesTextWithoutHarm) {
   Trace trace;
   {
     const TraceRedirect silence({});
-    trace << "unheard";
+    const double unheard = 0.5;
+    (trace << "unheard" << 7 << unheard).cell(unheard, 7, 3).row(&unheard, 1, 7, 3);
     EXPECT_EQ(captureTrace(solve), "");
   }
   EXPECT_EQ(captureTrace([&trace] {
