@@ -60,7 +60,7 @@ TEST(Trace, LosesWhatCannotBeWrittenButNoLineAfterIt) {
   const std::pair<rlim_t, const char*> rows[] = {{14, "whole\ncut off \nwhole again\n"},
                                                  {19, "whole\ncut off here\nwhole again\n"}};
   for (const auto& [size, expected] : rows) {
-    Trace::takeLoss();
+    EXPECT_FALSE(Trace::takeLoss());
     const rlimit small = {size, limit.rlim_max};
     const std::string text = captureTrace([&] {
       setrlimit(RLIMIT_FSIZE, &small);
