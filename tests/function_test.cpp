@@ -106,8 +106,8 @@ constexpr Operator kOperators[] = {
 };
 
 // A text, how tightly its last operator binds, and its value by the meaning of its
-// parts. Of the engine only the functions take part: Expression.EvaluatesToTheExactValue
-// has a value of each.
+// parts. Of the engine only the functions take part: tests/golden/expressions.txt has a
+// value of each.
 struct Sample {
   std::string text;
   int level;

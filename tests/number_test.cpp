@@ -45,9 +45,9 @@ std::string fixedDecimals(double x, int width, int decimals) {
 
 // Values of every magnitude; ties of the seventh digit and of the third and sixth
 // decimal, exact and not, with their neighbours; powers of ten and the limits
-// between the ways to round.
+// between the ways to round. Others with each --gtest_repeat, if --gtest_shuffle is given.
 std::vector<double> tellingValues() {
-  std::mt19937_64 random(1);
+  std::mt19937_64 random(static_cast<unsigned>(testing::UnitTest::GetInstance()->random_seed()));
   using Limits = std::numeric_limits<double>;
   std::vector<double> values = {
       0, 4.9e-324, Limits::min(), Limits::max(), kInfinity, std::abs(Limits::quiet_NaN())};
