@@ -3,6 +3,9 @@
 
 #include "screen_scale.h"
 
+#include <QByteArray>
+
+// Its macros would break the headers of Qt.
 #include <X11/Xlib.h>
 #include <cstdlib>
 
@@ -17,10 +20,7 @@ void followChosenResolution() {
   // Without a whole number here, Qt 5 would compute 96.07 or the like from the
   // millimetres that the display reports.
   const char* resolution = XGetDefault(display, "Xft", "dpi");
-  char* end = nullptr;
-  const bool isWhole =
-      resolution != nullptr && std::strtol(resolution, &end, 10) > 0 && *end == '\0';
-  setenv("QT_FONT_DPI", isWhole ? resolution : "96", 0);
+  setenv("QT_FONT_DPI", QByteArray(resolution).toInt() > 0 ? resolution : "96", 0);
   // The connection stays open. A server that loses its only client may reset, and
   // then rejects the connection of Qt.
 }

@@ -78,13 +78,16 @@ Words unfolded(const Options& options, const Words& words) {
     const std::string name = option->get_name();
     if (!given.insert(option).second) throw WrongUsage(name + " is given twice");
     const bool isFlag = option->get_expected_max() == 0;
-    list = option->get_expected_max() > 1 ? name : "";
-    if (word != name && !isFlag) {
-      result.insert(result.end(), {name, word.substr(name.size() + 1)});
-    } else if (list.empty()) {
+    const bool isList = option->get_expected_max() > 1;
+    list = isList ? name : "";
+    if (isFlag) {
       result.push_back(word);
+    } else if (word != name) {
+      result.insert(result.end(), {name, word.substr(name.size() + 1)});
     } else if (i + 1 == words.size() || named(options, words[i + 1]) != nullptr) {
-      throw WrongUsage(name + " has no values");
+      throw WrongUsage(name + (isList ? " has no values" : " has no value"));
+    } else if (!isList) {
+      result.push_back(word);
     }
   }
   return result;

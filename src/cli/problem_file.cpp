@@ -21,11 +21,12 @@ std::string wholeArray(const std::string& key, std::string first, std::istream& 
   std::string array;
   for (std::string line = std::move(first);;) {
     line = trim_copy(line.substr(0, line.find('#')));
+    if (!array.empty()) array += ' ';
     for (const char c : line) {
       if (c == ',') array.erase(array.find_last_not_of(" \t") + 1);
       array += c;
     }
-    if (!array.empty() && array.back() == ']') return array;
+    if (array.back() == ']') return array;
     if (!std::getline(input, line)) throw ConfigError(key + ": the array does not end");
   }
 }
@@ -39,16 +40,15 @@ std::string checkedLines(std::istream& input) {
     line = trim_copy(line);
     if (line.empty() || line[0] == ';' || line[0] == '#') continue;
     if (line[0] == '[') throw ConfigError("unknown section " + line);
-    if (line.size() < 3) throw ConfigError("no value in the line \"" + line + "\"");
     const std::size_t equals = line.find('=');
+    if (equals == std::string::npos || line.size() < 3)
+      throw ConfigError("no value in the line \"" + line + "\"");
     std::string key = trim_copy(line.substr(0, equals));
     CLI::detail::remove_quotes(key);
     if (!keys.insert(key).second) throw ConfigError(key + " is given twice");
-    if (equals != std::string::npos) {
-      const std::string value = trim_copy(line.substr(equals + 1));
-      if (!value.empty() && value[0] == '[')
-        line = line.substr(0, equals + 1) + wholeArray(key, value, input);
-    }
+    const std::string value = trim_copy(line.substr(equals + 1));
+    if (!value.empty() && value[0] == '[')
+      line = line.substr(0, equals + 1) + wholeArray(key, value, input);
     text += line + "\n";
   }
   return text;
