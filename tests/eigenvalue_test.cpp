@@ -207,6 +207,8 @@ TEST(Eigenvalues, TraceEveryIteration) {
   const Matrix a = matrixOf({{100, 1, -1}, {1, 0, -2}, {0, 1, 1}});
   EXPECT_EQ(captureTrace([&] { getEigenvaluesWithQR(a, 1e-2, roots, iters); }),
             golden("qr_three.txt"));
+  const auto turn = [&] { getEigenvaluesWithQR(matrixOf({{0, -1}, {1, 0}}), 1, roots, iters); };
+  EXPECT_EQ(captureTrace(turn).find("for real roots"), std::string::npos);
   Vector values;
   Matrix V = matrixOf({{2, -0.0, 1, 0}, {0, 7, -0.0, -3}, {1, 0, 2, -0.0}, {-0.0, -3, 0, 7}});
   EXPECT_EQ(captureTrace([&] { getEigenvaluesWithJacobi(Matrix(V), 1e-5, values, V, iters); }),

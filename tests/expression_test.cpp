@@ -84,6 +84,7 @@ TEST(Expression, SplitsTextIntoTypedTokens) {
             "q2:variable q2:variable ");
   EXPECT_EQ(expression.priority({"*", Expression::unary_operator}), 3);
   EXPECT_EQ(expression.priority({"*", Expression::binary_operator}), 2);
+  EXPECT_EQ(expression.priority({"cos", Expression::function}), 5);
   EXPECT_THROW(expression.priority({"x", Expression::variable}), ExpressionWrongFormat);
 }
 
@@ -165,9 +166,9 @@ TEST(Calculate, TakesAnySequenceOfTokens) {
     EXPECT_THROW(e.calculate({number(text)}), ExpressionBadResult);
   const Tokens malformed[] = {{},
                               {number("1"), number("2")},
-                              {number("1"), {"+", E::binary_operator}},
-                              {{"-", E::unary_operator}},
-                              {{"sin", E::function}},
+                              {{"-", E::unary_operator}, number("1")},
+                              {{"sin", E::function}, number("1")},
+                              {number("1"), {"+", E::binary_operator}, number("2")},
                               {number("1"), {"foo", E::function}},
                               {number("1"), number("2"), {"%", E::binary_operator}},
                               {number("1"), {"?", E::unary_operator}},
@@ -184,10 +185,14 @@ TEST(Calculate, TakesAnySequenceOfTokens) {
   }
   // Operators that have their type keep it.
   const E::token minus = {"-", E::unary_operator};
-  Tokens marked = {minus, minus, {"x", E::variable}};
+  const E::token x = {"x", E::variable};
+  Tokens marked = {x, {"^", E::binary_operator}, minus, minus, x};
   Tokens out;
   e.convert_expression(marked, out);
-  EXPECT_EQ(out.front().text, "x");
+  std::string order;
+  for (const auto& t : out)
+    order += t.text;
+  EXPECT_EQ(order, "x^x--");
   marked = {plus, plus};
   e.mark_unaries(marked);
   EXPECT_EQ(marked[0].type, E::unary_operator);

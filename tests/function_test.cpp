@@ -30,6 +30,7 @@ TEST(Function, SeesArgumentsRoundedToSixDigitsInAnyLocale) {
   ASSERT_NE(std::setlocale(LC_ALL, "ru_RU.UTF-8"), nullptr);
   EXPECT_EQ(Function("x1*1.5+a", "a = 0.25")({0.1234567}), 0.123457 * 1.5 + 0.25);
   EXPECT_EQ(Expression("0").calculate({{" 2.5", Expression::number}}), 2.5);
+  EXPECT_STREQ(std::localeconv()->decimal_point, ",");
   std::setlocale(LC_ALL, "C");
 }
 

@@ -122,6 +122,8 @@ TEST_F(WindowTest, ClearingLeavesTheAccuracyAndTheSizeAlone) {
   EXPECT_EQ(log(), "Error: undefined error.\n\n");
   run("Newton", "x1", "1");
   EXPECT_EQ(results(), "0;;;;1");
+  click("clearButton");
+  EXPECT_EQ(results(), ";;;;");
 }
 
 TEST_F(WindowTest, ThePicturesAreAsTheViewNeedsThemAndStayInPlace) {
@@ -155,6 +157,7 @@ TEST_F(WindowTest, TheWholeGridIsSeenWithoutScrollBarsInEveryStyle) {
       EXPECT_FALSE(grid()->horizontalScrollBar()->isVisible()) << style << button;
       EXPECT_FALSE(grid()->verticalScrollBar()->isVisible()) << style << button;
       EXPECT_EQ(grid()->rowHeight(3), 30);
+      EXPECT_EQ(grid()->columnWidth(3), 90);
     }
   }
 }
