@@ -85,6 +85,13 @@ TEST(Expression, SplitsTextIntoTypedTokens) {
   EXPECT_EQ(expression.priority({"*", Expression::unary_operator}), 3);
   EXPECT_EQ(expression.priority({"*", Expression::binary_operator}), 2);
   EXPECT_EQ(expression.priority({"cos", Expression::function}), 5);
+  EXPECT_EQ(expression.priority({"(", Expression::parenthesis}), 0);
+  EXPECT_TRUE(expression.is_operator("q2") && !expression.is_operator("q"));
+  EXPECT_TRUE(expression.is_variable("aZ9") && !expression.is_variable("9a"));
+  std::string delimiters;
+  for (char c = 0; c < 127; ++c)
+    if (Expression("0").is_delimiter(c)) delimiters += c;
+  EXPECT_EQ(delimiters, "\t\n\r ()*+-/^");
   EXPECT_THROW(expression.priority({"x", Expression::variable}), ExpressionWrongFormat);
 }
 

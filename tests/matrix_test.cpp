@@ -127,7 +127,12 @@ TEST(Matrix, ReadsOnlyItsColumnsOfARowThatIsLonger) {
   Matrix a = matrixOf({{0, 1}, {2, 4}});
   const std::string trace = captureTrace([&] { solveWithLUP(a, {1, 2}); });
   const double largest = norm(a);
+  a[0] = {0, 1, 100};
   a[1] = {2, 4, 100, 100, 100, 100, 100, 100, 100, 100};
+  Matrix L, U, P;
+  int swaps = 0;
+  LUPdecomposition(a, L, U, P, swaps);
+  EXPECT_EQ(U[0].size() + U[1].size(), 4);
   EXPECT_EQ(captureTrace([&] { EXPECT_EQ(solveWithLUP(a, {1, 2}), Vector({-1, 1})); }), trace);
   EXPECT_EQ(norm(a), largest);
   a.swapRows(0, 1);

@@ -130,6 +130,7 @@ TEST(Newton, EndsAsItsMatrixAndEstimateDemand) {
       {solved(line, 0), "limit", -1, "100000\n" + lastStep},
       {solved(newton({"x1^2-1"}, {0}, {{"2*x1"}}), 1), "singular", -1,
        "1\nLUP decomposition start.\n"},
+      {solved(newton({"1e305"}, {1}, {{"1e-8"}}), 1), "bad result", -1, "2\n"},
       {solved(newton({"x1", "x2"}, {1, 0}, {{"1", "0"}, {"0", "1/x2"}}), 1), "bad result", -1,
        "1\n"},
   });

@@ -56,8 +56,6 @@ double roundingError(const Function& function) {
     } else if (t.type == Expression::function) {
       const Rounded x = pop();
       Rounded y = apply([&](double v, double) { return function.apply_function(t.text, v); }, x);
-      const bool swings = t.text == "sin" || t.text == "cos" || t.text == "tg" || t.text == "ctg";
-      if (swings && x.error > 0.1) y.error = std::numeric_limits<double>::infinity();
       // A difference of numbers near π/2.
       if (t.text == "arcctg") y.error += 4 * std::numeric_limits<double>::epsilon();
       stack.push_back(y);
