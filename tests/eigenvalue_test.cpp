@@ -11,10 +11,10 @@
 #include <string>
 #include <vector>
 
-#include "capture.h"
 #include "matrices.h"
 #include "matrix/modulus.h"
 #include "nordika/matrix.h"
+#include "outcome.h"
 
 namespace {
 

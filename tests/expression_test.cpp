@@ -12,7 +12,6 @@
 #include <utility>
 #include <vector>
 
-#include "capture.h"
 #include "outcome.h"
 
 namespace {

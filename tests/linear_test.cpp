@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "capture.h"
 #include "matrices.h"
 #include "nordika/matrix.h"
 #include "outcome.h"

@@ -9,7 +9,6 @@
 #include <new>
 #include <vector>
 
-#include "capture.h"
 #include "matrices.h"
 #include "outcome.h"
 

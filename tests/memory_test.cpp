@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "methods.h"
+#include "matrices.h"
 #include "nordika/trace.h"
 
 namespace {

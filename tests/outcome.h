@@ -4,8 +4,12 @@
 #ifndef NORDIKA_TESTS_OUTCOME_H
 #define NORDIKA_TESTS_OUTCOME_H
 
+#include <cstdio>
+#include <fstream>
+#include <iterator>
 #include <sstream>
 #include <string>
+#include <unistd.h>
 
 #include "nordika/solver.h"
 
@@ -30,6 +34,32 @@ std::string outcomeOf(Action action) {
   } catch (const MaxItersCountAchieved&) {
     return "limit";
   }
+}
+
+/// Runs `action` with the standard error stream going to a file.
+/// @return what was in the file when the action ended, before anything else
+///   could have flushed the stream
+template <typename Action>
+std::string captureTrace(Action action) {
+  std::fflush(stderr);
+  std::FILE* const file = std::tmpfile();
+  const int saved = dup(fileno(stderr));
+  dup2(fileno(file), fileno(stderr));
+  action();
+  dup2(saved, fileno(stderr));
+  close(saved);
+  std::string text;
+  std::rewind(file);
+  for (int c = std::getc(file); c != EOF; c = std::getc(file))
+    text += static_cast<char>(c);
+  std::fclose(file);
+  return text;
+}
+
+/// The content of a file of tests/golden.
+inline std::string golden(const std::string& name) {
+  std::ifstream file(NORDIKA_GOLDEN_DIR "/" + name, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 #endif

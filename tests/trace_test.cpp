@@ -15,8 +15,8 @@
 #include <unistd.h>
 #include <utility>
 
-#include "capture.h"
-#include "methods.h"
+#include "matrices.h"
+#include "outcome.h"
 
 namespace {
 
