@@ -69,17 +69,20 @@ void eliminate(Matrix& L, Matrix& U, Matrix& P, int end) {
 
 TEST(LUP, FactorsRandomSystemsAsPlainEliminationAndSolvesThem) {
   for (int n = 1; n <= 13; ++n) {
-    for (int end = 0; end <= n; ++end) {  // the column without a pivot, or none
+    Matrix L, U, P;
+    Matrix& input = n % 3 == 0 ? L : n % 3 == 1 ? U : P;
+    for (int end = n; end >= 0; --end) {  // the column without a pivot, or none
       Matrix a = randomMatrix(n, static_cast<unsigned>(n));
       const Vector zeros(static_cast<std::size_t>(n));
       if (end < n) a.insertColumn(end, zeros);
-      Matrix L, U, P, plainL = getIdentityMatrix(n), plainU = a, plainP = plainL;
+      input = a;
+      Matrix plainL = getIdentityMatrix(n), plainU = a, plainP = plainL;
       eliminate(plainL, plainU, plainP, end);
       int swaps = 0;
       if (end < n) {
-        EXPECT_THROW(LUPdecomposition(a, L, U, P, swaps), MatrixIsSingular);
+        EXPECT_THROW(LUPdecomposition(input, L, U, P, swaps), MatrixIsSingular);
       } else {
-        LUPdecomposition(a, L, U, P, swaps);
+        LUPdecomposition(input, L, U, P, swaps);
         const Vector x = solveWithLUP(L, U, P, a * a[0]);
         EXPECT_LT(norm(P * a - L * U), kFactorTolerance);
         EXPECT_LT(norm(x - a[0]), kFactorTolerance);
@@ -95,8 +98,6 @@ TEST(LUP, TracesFactorsAndTheirProduct) {
   Vector x;
   EXPECT_EQ(captureTrace([&] { x = solveWithLUP(a, {-0.9, 1001, 15}); }), golden("lup_three.txt"));
   EXPECT_LT(norm(x - Vector{1, 1, 1}), kFactorTolerance);
-  EXPECT_EQ(captureTrace([&] { EXPECT_TRUE(solveWithLUP(Matrix(), Vector()).empty()); }),
-            "LUP decomposition start.\nL:\nU:\nP:\nP * L * U:\nLUP decomposition stop.\n\n");
   EXPECT_EQ(captureTrace([&] { EXPECT_THROW(solveWithLUP(a, {1}), MatrixWrongDimensions); }),
             golden("lup_three.txt"));
   EXPECT_EQ(captureTrace([] { EXPECT_THROW(solveWithLUP(Matrix(1), {1}), MatrixIsSingular); }),
@@ -114,12 +115,11 @@ TEST(Inverse, AgreesWithPublishedMatrices) {
   const Matrix inverse = matrixOf({{9, -36, 30}, {-36, 192, -180}, {30, -180, 180}});
   EXPECT_NEAR(calcDeterminantWithLUP(hilbert), 1.0 / 2160, kDirectTolerance);
   EXPECT_LT(norm(calcInverseMatrixWithLUP(hilbert) - inverse), kDirectTolerance);
-  EXPECT_EQ(calcDeterminantWithLUP(matrixOf({{0, 1}, {1, 0}})), -1);
+  EXPECT_EQ(calcDeterminantWithLUP(matrixOf({{0, 1e300, 0}, {1e-7, 0, 0}, {0, 0, 1e10}})), -1e303);
   const Matrix cycle = matrixOf({{0, 2, 0}, {0, 0, 2}, {2, 0, 0}});
   EXPECT_EQ(calcDeterminantWithLUP(cycle), 8);
   EXPECT_EQ(printed(calcInverseMatrixWithLUP(cycle)), "0 0 0.5 \n0.5 0 0 \n0 0.5 0 \n");
-  EXPECT_EQ(calcDeterminantWithLUP(Matrix()), 1);
-  EXPECT_EQ(calcInverseMatrixWithLUP(Matrix()).dimension(), 0);
+  EXPECT_EQ(calcDeterminantWithLUP(calcInverseMatrixWithLUP(Matrix())), 1);
   EXPECT_THROW(calcDeterminantWithLUP(matrixOf({{1, 2}, {2, 4}})), MatrixIsSingular);
   EXPECT_THROW(calcInverseMatrixWithLUP(matrixOf({{1, 0}, {0, 9e-9}})), MatrixIsSingular);
 }
@@ -140,6 +140,8 @@ TEST(Tridiagonal, TracesTheSweep) {
   const Vector solution = {1, -2, 3, 4};
   solve(band, band * solution);
   EXPECT_LT(norm(x - solution), kDirectTolerance);
+  solve(matrixOf({{1, 0}, {7, 10}}), {1, 10});
+  EXPECT_EQ(x, Vector({1, 0.3}));
   Matrix corner = getIdentityMatrix(3);
   corner[2][0] = 1e-300;
   EXPECT_EQ(captureTrace([&] {
@@ -170,9 +172,9 @@ TEST(IterativeSolvers, StopWithinTheAccuracy) {
     int simple, seidel;
   } rows[] = {
       {matrixOf({{4, 1}, {2, 5}}), {5, 7}, {1, 1}, 1e-5, 13, 7},
+      {matrixOf({{4, 1}, {2, 5}}), {5, 7}, {1, 1}, 5.066666666667, 1, 1},
       {burden, {6, 25, -11, 15}, {1, 2, -1, 1}, 1e-8, 27, 11},
-      {matrixOf({{3, 0}, {0, -2}}), {6, 6}, {2, -3}, 1e-300, 1, 1},
-      {Matrix(), {}, {}, 1e-300, 1, 1},
+      {matrixOf({{10}}), {0x3p20}, {0x3p20 * 0.1}, 1e-300, 1, 1},
       // q = 3: the estimate is the change, 3 in the first iteration.
       {matrixOf({{1, 0}, {3, 1}}), {1, 5}, {1, 2}, 3.5, 1, 1},
       {matrixOf({{1, 0}, {3, 1}}), {1, 5}, {1, 2}, 3, 2, 2},

@@ -13,9 +13,8 @@
 
 namespace {
 
-thread_local long untilFailure =
-    -1;                       // allocations that succeed before one fails; negative: none fails
-thread_local long alive = 0;  // allocations without their release
+thread_local long untilFailure = -1;  // allocations before one fails; negative: none fails
+thread_local long alive = 0;          // allocations without their release
 
 }  // namespace
 

@@ -64,6 +64,7 @@ std::vector<double> tellingValues() {
     addWithNeighbours((digits + 0.5) * std::pow(10.0, exponent));
     addWithNeighbours((digits + 0.5) / std::pow(10.0, exponent));
     addWithNeighbours(std::ldexp(digits, -static_cast<int>(random() % 24)));
+    values.push_back(std::ldexp(static_cast<double>(random()), -static_cast<int>(random() % 64)));
     values.push_back(std::strtod(printed("%.6e", any).c_str(), nullptr));
   }
   return values;

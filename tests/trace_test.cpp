@@ -42,8 +42,8 @@ TEST(Trace, IsWrittenAtFlushPointsAndWhenItsScopeEnds) {
   EXPECT_EQ(captureTrace([] {
               try {
                 Trace trace;
-                trace << "held";
-                EXPECT_EQ(captureTrace([&] { trace.flush(); }), "held");
+                trace << std::string(10000, 'x');
+                EXPECT_EQ(captureTrace([&] { trace.flush(); }), std::string(10000, 'x'));
                 trace << "left";
                 throw 1;
               } catch (int) {
@@ -70,7 +70,7 @@ TEST(Trace, LosesWhatCannotBeWrittenButNoLineAfterIt) {
         trace.flush();
       }
       setrlimit(RLIMIT_FSIZE, &limit);
-      trace << "whole again\n";
+      std::thread([] { Trace() << "whole again\n"; }).join();
     });
     EXPECT_EQ(text, expected);
     EXPECT_TRUE(Trace::takeLoss());
@@ -91,7 +91,10 @@ TEST(TraceRedirect, GivesTheTextToTheInnermostFunction) {
   const std::string trace = captureTrace(solve);
   std::string outerText;
   std::string innerText;
-  auto outer = std::make_unique<TraceRedirect>([&](std::string_view text) { outerText += text; });
+  auto outer = std::make_unique<TraceRedirect>([&](std::string_view text) {
+    if (outerText.empty()) solve();  // goes to the stream
+    outerText += text;
+  });
   auto inner = std::make_unique<TraceRedirect>([&](std::string_view text) {
     if (innerText.empty()) solve();  // goes to the outer one
     innerText += text;
@@ -100,7 +103,7 @@ TEST(TraceRedirect, GivesTheTextToTheInnermostFunction) {
               std::fputs("a word of the program's", stderr);
               solve();
             }),
-            "a word of the program's");
+            "a word of the program's" + trace);
   EXPECT_EQ(innerText, trace);
   EXPECT_EQ(outerText, trace);
   { const TraceRedirect ended({}); }
@@ -133,6 +136,8 @@ TEST(TraceRedirect, DiscardsOrLosesTextWithoutHarm) {
     const double unheard = 0.5;
     (trace << "unheard" << 7 << unheard).cell(unheard, 7, 3).row(&unheard, 1, 7, 3);
     EXPECT_EQ(captureTrace(solve), "");
+    const TraceRedirect unheeded([](auto) { EXPECT_TRUE(Trace::isDiscarded()); });
+    solve();
   }
   EXPECT_EQ(captureTrace([&trace] {
               trace << "heard";
@@ -175,10 +180,15 @@ TEST(Threads, KeepTracesApartAndShareTheStandardErrorStream) {
     }
   };
   captureTrace([&run] {
-    dup2(open("/dev/full", O_WRONLY), STDERR_FILENO);
-    std::thread first(run);
-    run();
+    int ends[2];
+    ASSERT_EQ(pipe2(ends, O_NONBLOCK), 0);
+    while (write(ends[1], "full", 4) > 0) {
+    }
+    dup2(ends[1], STDERR_FILENO);
+    const TraceRedirect ofThisThread({});
+    std::thread first(run), second(run);
     first.join();
+    second.join();
   });
   EXPECT_TRUE(Trace::takeLoss());
 }
