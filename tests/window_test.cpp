@@ -128,6 +128,7 @@ TEST_F(WindowTest, ClearingLeavesTheAccuracyAndTheSizeAlone) {
 
 TEST_F(WindowTest, ThePicturesAreAsTheViewNeedsThemAndStayInPlace) {
   auto* view = child<QGraphicsView>("taskView");
+  EXPECT_EQ(view->items().size(), 1);
   for (const int visit : {0, 1, 2, 3}) {
     const bool newton = visit % 2 != 0;
     const QResource file(newton ? ":/res/task2.png" : ":/res/task1.png");

@@ -76,13 +76,10 @@ class Trace {
   /// Appends the number as "%g" prints it, with six significant digits.
   Trace& operator<<(double number);
 
-  /// Appends an element of a matrix as "%<width>.<decimals>f " prints it, the
-  /// blank included.
+  /// Appends a line of n elements of a matrix, each as "%<width>.<decimals>f "
+  /// prints it, the blank included.
   /// @param width at most 16
   /// @param decimals 1 to 6
-  Trace& cell(double number, int width, int decimals);
-
-  /// Appends a line of n elements of a matrix, each as cell() does.
   Trace& row(const double* elements, int n, int width, int decimals);
 
   /// Writes the gathered lines. In the standard error stream they follow the text

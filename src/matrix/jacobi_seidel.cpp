@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include <cmath>
-#include <iterator>
 #include <string_view>
 
 #include "nordika/matrix.h"
@@ -19,7 +18,6 @@ struct FixedPointForm {
 
 FixedPointForm toFixedPoint(const Matrix& A, const std::vector<double>& b) {
   const int n = A.dimension();
-  if (std::ssize(b) != n) throw MatrixWrongDimensions();
   Matrix D(n);
   for (int i = 0; i < n; ++i)
     D(i, i) = 1 / A(i, i);

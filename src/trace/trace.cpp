@@ -45,12 +45,6 @@ void writeToStandardError(std::string_view text) {
 
 constexpr std::size_t kCellLength = detail::kFixedLength + 1;
 
-char* writeCell(char* out, double number, int width, int decimals) {
-  char* const end = detail::writeFixed(out, number, width, decimals);
-  *end = ' ';
-  return end + 1;
-}
-
 }  // namespace
 
 TraceRedirect::TraceRedirect(std::function<void(std::string_view)> destination)
@@ -96,16 +90,13 @@ Trace& Trace::operator<<(double number) {
   return *this;
 }
 
-Trace& Trace::cell(double number, int width, int decimals) {
-  if (!ignores()) endAt(writeCell(roomFor(kCellLength), number, width, decimals));
-  return *this;
-}
-
 Trace& Trace::row(const double* elements, int n, int width, int decimals) {
   if (ignores()) return *this;
   char* end = roomFor(static_cast<std::size_t>(n) * kCellLength + 1);
-  for (int j = 0; j < n; ++j)
-    end = writeCell(end, elements[j], width, decimals);
+  for (int j = 0; j < n; ++j) {
+    end = detail::writeFixed(end, elements[j], width, decimals);
+    *end++ = ' ';
+  }
   *end++ = '\n';
   endAt(end);
   return *this;
