@@ -175,9 +175,9 @@ TEST(IterativeSolvers, StopWithinTheAccuracy) {
       {matrixOf({{4, 1}, {2, 5}}), {5, 7}, {1, 1}, 5.066666666667, 1, 1},
       {burden, {6, 25, -11, 15}, {1, 2, -1, 1}, 1e-8, 27, 11},
       {matrixOf({{10}}), {0x3p20}, {0x3p20 * 0.1}, 1e-300, 1, 1},
-      // q = 3: the estimate is the change, 3 in the first iteration.
-      {matrixOf({{1, 0}, {3, 1}}), {1, 5}, {1, 2}, 3.5, 1, 1},
-      {matrixOf({{1, 0}, {3, 1}}), {1, 5}, {1, 2}, 3, 2, 2},
+      // q = 1.5: the estimate is the change, 1.5 in the first iteration.
+      {matrixOf({{1, 0}, {1.5, 1}}), {1, 3.5}, {1, 2}, 2, 1, 1},
+      {matrixOf({{1, 0}, {1.5, 1}}), {1, 3.5}, {1, 2}, 1.5, 2, 2},
       // (1/49)·49 is not 1, and what remains takes part.
       {matrixOf({{49}}), {1}, {1.0 / 49}, 1e-17, 2, 2},
   };
