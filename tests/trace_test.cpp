@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <limits>
 #include <memory>
 #include <string>
 #include <sys/resource.h>
@@ -29,13 +30,13 @@ TEST(Trace, KeepsProgramOrderWithTheStandardErrorStream) {
     std::setvbuf(stderr, buffer, _IOFBF, sizeof buffer);
     std::fputs("1", stderr);
     Trace trace;
-    trace << "second " << -7 << " " << 0.5;
+    trace << "second " << std::numeric_limits<int>::min() << " " << 0.5;
     trace.flush();
     std::fputs(" third", stderr);
     std::fflush(stderr);
     std::setvbuf(stderr, nullptr, _IONBF, 0);
   });
-  EXPECT_EQ(text, "1second -7 0.5 third");
+  EXPECT_EQ(text, "1second -2147483648 0.5 third");
 }
 
 TEST(Trace, IsWrittenAtFlushPointsAndWhenItsScopeEnds) {
