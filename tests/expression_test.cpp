@@ -143,7 +143,10 @@ TEST(Expression, ReadsAssignments) {
                       {"1a = 2", "!"}, {"x = 1 a", "1 !"}};
   for (const auto& [text, end] : rows) {
     Expression expression("0");
-    const bool failed = outcomeOf([&] { return expression.set_variables(text), ""; }) == "format";
+    const auto assign = [&expression](const char* words) {
+      return outcomeOf([&] { return expression.set_variables(words), ""; });
+    };
+    const bool failed = assign(text) == "format";
     std::ostringstream values;
     for (const char* name : {"a", "x"}) {
       if (expression.variables.contains(name)) values << expression.variables.at(name) << " ";

@@ -80,15 +80,13 @@ Words unfolded(const Options& options, const Words& words) {
     const bool isFlag = option->get_expected_max() == 0;
     const bool isList = option->get_expected_max() > 1;
     list = isList ? name : "";
-    if (isFlag) {
-      result.push_back(word);
-    } else if (word != name) {
+    if (!isFlag && word != name) {
       result.insert(result.end(), {name, word.substr(name.size() + 1)});
-    } else if (i + 1 == words.size() || named(options, words[i + 1]) != nullptr) {
-      throw WrongUsage(name + (isList ? " has no values" : " has no value"));
-    } else if (!isList) {
-      result.push_back(word);
+      continue;
     }
+    if (!isFlag && (i + 1 == words.size() || named(options, words[i + 1]) != nullptr))
+      throw WrongUsage(name + (isList ? " has no values" : " has no value"));
+    if (!isList) result.push_back(word);
   }
   return result;
 }
