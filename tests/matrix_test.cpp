@@ -120,7 +120,7 @@ TEST(Round, GoesThroughTheProductInDoubles) {
   EXPECT_EQ(round(1.005, 2), 1);
   EXPECT_EQ(round(2.675, 2), 2.68);
   EXPECT_EQ(round(-2.5, 0), -3);
-  EXPECT_EQ(round(1e5, -5), 1 / 1e-5);
+  EXPECT_EQ(round(1.5e5, -5), 2 / 1e-5);
   EXPECT_EQ(round(1e-25, 25), 1.0000000000000002e-25);
   EXPECT_TRUE(std::isnan(round(0, 400)));
   for (const int digits : {std::numeric_limits<int>::max(), std::numeric_limits<int>::min()})

@@ -58,7 +58,8 @@ TEST(Trace, LosesWhatCannotBeWrittenButNoLineAfterIt) {
   const auto previous = std::signal(SIGXFSZ, SIG_IGN);
   rlimit limit{};
   getrlimit(RLIMIT_FSIZE, &limit);
-  const std::pair<rlim_t, const char*> rows[] = {{14, "whole\ncut off \nwhole again\n"},
+  const std::pair<rlim_t, const char*> rows[] = {{7, "whole\nc\nwhole again\n"},
+                                                 {14, "whole\ncut off \nwhole again\n"},
                                                  {19, "whole\ncut off here\nwhole again\n"}};
   for (const auto& [size, expected] : rows) {
     EXPECT_FALSE(Trace::takeLoss());
