@@ -126,24 +126,13 @@ TEST_F(KeysTest, TheWheelTurnsOnlyABoxWithTheFocus) {
   }
 }
 
-TEST_F(KeysTest, EveryFieldHasAName) {
+TEST_F(KeysTest, EveryCellHasAName) {
   enter(true, 2, "", ";2*x1");
-  QStringList names;
-  for (const char* field : {"n", "epsilon", "a", "q", "iters", "jacobiMatrix", "taskView", "eq_1",
-                            "eq_4", "init_x_1", "init_x_4", "res_x_1", "res_x_4"})
-    names << QAccessible::queryAccessibleInterface(child(field))->text(QAccessible::Name);
   auto* cells = QAccessible::queryAccessibleInterface(grid())->tableInterface();
-  names << cells->cellAt(0, 1)->text(QAccessible::Name);
+  EXPECT_EQ(cells->cellAt(0, 1)->text(QAccessible::Name), "Строка 1, столбец 2: 2*x1");
   click("clearButton");
-  grid()->model()->setData(grid()->model()->index(1, 0), "x1");
-  names << cells->cellAt(1, 0)->text(QAccessible::Name);
-  EXPECT_THAT(child("a")->accessibleDescription().toStdString(),
-              ::testing::StartsWith("Эта переменная может использоваться"));
-  EXPECT_EQ(names.join("; ").toStdString(),
-            "Количество уравнений в системе; Точность вычислений; Параметр a; Константа сжатия q; "
-            "Число затраченных итераций; Матрица Якоби; Общий вид решаемой задачи; Уравнение 1; "
-            "Уравнение 4; Начальное приближение x1; Начальное приближение x4; Результат x1; "
-            "Результат x4; Строка 1, столбец 2: 2*x1; Строка 2, столбец 1: x1");
+  grid()->model()->setData(grid()->model()->index(1, 0), "");
+  EXPECT_EQ(cells->cellAt(1, 0)->text(QAccessible::Name), "Строка 2, столбец 1");
 }
 
 }  // namespace

@@ -138,7 +138,7 @@ TEST_F(WindowTest, TheFormulasHaveTheColoursOfTheView) {
     for (const bool dark : {false, true, false}) {
       QPalette palette(dark ? Qt::white : Qt::black, Qt::gray);
       palette.setColor(QPalette::Base, dark ? Qt::black : Qt::white);
-      palette.setColor(QPalette::Text, dark ? Qt::white : Qt::black);
+      palette.setColor(QPalette::Active, QPalette::Text, dark ? Qt::white : Qt::black);
       QApplication::setPalette(palette);
       QCoreApplication::processEvents();
       const QImage shown = view->viewport()->grab().toImage();

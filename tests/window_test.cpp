@@ -34,6 +34,19 @@ TEST_F(WindowTest, EverySlotIsConnectedByItsName) {
   EXPECT_FALSE(window->isVisible());
 }
 
+const char kProperties[] =
+    "objectName accessibleName accessibleDescription x y width height text toolTip minimum maximum "
+    "singleStep readOnly";
+
+TEST_F(WindowTest, TheFormIsAsItsUsersKnowIt) {
+  QString form = window->windowTitle() + '\n';
+  const QRegularExpression names("^(?!qt_|label_phi|label_eq).");
+  for (const QWidget* widget : window->findChildren<QWidget*>(names))
+    for (const QString& name : QString(kProperties).split(' '))
+      form += widget->property(qPrintable(name)).toString() + (name == "readOnly" ? '\n' : '|');
+  EXPECT_EQ(form.toStdString(), golden("form.txt"));
+}
+
 const char* const kTyped[][3] = {{"a", "-1,25", "-1.25"},      {"a", "1.25", "1.25"},
                                  {"q", "0,25", "0.25"},        {"epsilon", "0,01", "0.01000"},
                                  {"init_x_1", "1,25", "1.25"}, {"init_x_2", "1,25", "1.25"},
@@ -117,9 +130,9 @@ TEST_F(WindowTest, ClearingLeavesTheAccuracyAndTheSizeAlone) {
   }
   for (auto* equation : child("frame_5")->findChildren<QLineEdit*>())
     left += equation->text();
-  EXPECT_EQ(left.toStdString(),
+  EXPECT_EQ((left + window->focusWidget()->objectName()).toStdString(),
             "a 0.00;epsilon 0.05000;q 0.50;"
-            "init_x_1 0.00;init_x_2 0.00;init_x_3 0.00;init_x_4 0.00;");
+            "init_x_1 0.00;init_x_2 0.00;init_x_3 0.00;init_x_4 0.00;clearButton");
   EXPECT_EQ(grid()->rowCount(), 2);
   // The cells have no items until the grid is made again.
   EXPECT_EQ(boxOf("calcButton").text, "Неизвестная ошибка");
