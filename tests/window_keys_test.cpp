@@ -50,7 +50,8 @@ TEST_F(KeysTest, TheExampleOfTheGuideNeedsNoMouse) {
   EXPECT_EQ(focus(), "0 0");
   press("2 tab sin(x2) tab -cos(x1) tab 2 tab");
   EXPECT_EQ(focus(), "init_x_1");
-  press("tab tab tab space");
+  press("tab tab tab space tab");
+  EXPECT_EQ(focus(), "clearButton");
   EXPECT_EQ(results(), "0.456466;0.420389;;;4");
 }
 

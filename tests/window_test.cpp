@@ -34,15 +34,14 @@ TEST_F(WindowTest, EverySlotIsConnectedByItsName) {
   EXPECT_FALSE(window->isVisible());
 }
 
-const char kProperties[] =
-    "objectName accessibleName accessibleDescription x y width height text toolTip minimum maximum "
-    "singleStep readOnly";
-
 TEST_F(WindowTest, TheFormIsAsItsUsersKnowIt) {
+  const QString properties =
+      "objectName accessibleName accessibleDescription x y width height text toolTip minimum "
+      "maximum singleStep readOnly";
   QString form = window->windowTitle() + '\n';
   const QRegularExpression names("^(?!qt_|label_phi|label_eq).");
   for (const QWidget* widget : window->findChildren<QWidget*>(names))
-    for (const QString& name : QString(kProperties).split(' '))
+    for (const QString& name : properties.split(' '))
       form += widget->property(qPrintable(name)).toString() + (name == "readOnly" ? '\n' : '|');
   EXPECT_EQ(form.toStdString(), golden("form.txt"));
 }
