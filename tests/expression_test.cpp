@@ -32,15 +32,8 @@ std::string outcome(const std::string& text, const std::string& assignments) {
 using Row = std::pair<const char*, const char*>;
 
 TEST(Expression, EndsAsTheTableSays) {
-  std::istringstream table(golden("expressions.txt"));
-  int rows = 0;
-  for (std::string line; std::getline(table, line);) {
-    const std::size_t bar = line.find(" | ");
-    if (line[0] == '#' || bar == std::string::npos) continue;
-    EXPECT_EQ(outcome(line.substr(0, bar), "x = 2"), line.substr(bar + 3)) << line;
-    ++rows;
-  }
-  EXPECT_GT(rows, 80);
+  for (const auto& [text, end] : rowsOf<2>("expressions.txt"))
+    EXPECT_EQ(outcome(text, "x = 2"), end) << text;
   EXPECT_EQ(outcome(" \tx\n+\r1 ", "x = 2"), "3");
   for (const char* const text : {"", "   ", "x\v", "\xc3\xa4"})
     EXPECT_EQ(outcome(text, ""), "format") << text;

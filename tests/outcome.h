@@ -4,12 +4,15 @@
 #ifndef NORDIKA_TESTS_OUTCOME_H
 #define NORDIKA_TESTS_OUTCOME_H
 
+#include <array>
 #include <cstdio>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <iterator>
 #include <sstream>
 #include <string>
 #include <unistd.h>
+#include <vector>
 
 #include "nordika/solver.h"
 
@@ -60,6 +63,24 @@ std::string captureTrace(Action action) {
 inline std::string golden(const std::string& name) {
   std::ifstream file(NORDIKA_GOLDEN_DIR "/" + name, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// The rows of a table of tests/golden. Its cells are parted by " | ".
+template <std::size_t columns>
+std::vector<std::array<std::string, columns>> rowsOf(const std::string& name) {
+  std::istringstream table(golden(name));
+  std::vector<std::array<std::string, columns>> rows;
+  for (std::string line; std::getline(table, line);) {
+    if (line.empty() || line[0] == '#') continue;
+    std::size_t at = 0;
+    for (std::string& cell : rows.emplace_back()) {
+      const std::size_t bar = line.find(" | ", at);
+      cell = line.substr(at, bar - at);
+      at = bar + 3;
+    }
+  }
+  EXPECT_FALSE(rows.empty()) << name;
+  return rows;
 }
 
 #endif

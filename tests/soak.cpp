@@ -17,19 +17,22 @@ class Soak : public WindowTest {
  protected:
   Soak() { child<QDoubleSpinBox>("a")->setValue(4); }
 
-  static constexpr int kRound = std::size(kSystems) + std::size(kFailures) - 1;
+  const std::vector<std::array<std::string, 5>> systems = rowsOf<5>("systems.txt");
+  const std::vector<std::array<std::string, 5>> failures = rowsOf<5>("failures.txt");
 
   // Every system, then every failure but the one that takes longest.
-  void round() {
-    for (const auto& [method, equations, cells, start, solved] : kSystems) {
-      EXPECT_EQ(run(method, equations, cells, start).text, "");
+  // Returns how many runs these are.
+  int round() {
+    for (const auto& [method, equations, cells, start, solved] : systems) {
+      EXPECT_EQ(run(method, equations.c_str(), cells.c_str(), start.c_str()).text, "");
       EXPECT_EQ(results(), solved);
     }
-    for (std::size_t i = 0; i + 1 < std::size(kFailures); ++i) {
-      const auto& [method, equation, cell, line, text] = kFailures[i];
-      EXPECT_EQ(run(method, equation, cell).text, text);
+    for (std::size_t i = 0; i + 1 < failures.size(); ++i) {
+      const auto& [method, equation, cell, line, text] = failures[i];
+      EXPECT_EQ(run(method, equation.c_str(), cell.c_str()).text, text);
       EXPECT_EQ(results(), ";;;;");
     }
+    return static_cast<int>(systems.size() + failures.size()) - 1;
   }
 
   qsizetype logged(const char* words) const {
@@ -52,8 +55,8 @@ long descriptors() {
 TEST_F(Soak, ManyRunsAreAllLoggedAndLeaveMemoryAndDescriptorsAlone) {
   int done = 0;
   const auto runUntil = [&](int count) {
-    for (; done < count && !HasFailure(); done += kRound)
-      round();
+    while (done < count && !HasFailure())
+      done += round();
   };
   runUntil(runs / 10);
   const long memory = residentKiB();
@@ -69,16 +72,16 @@ TEST_F(Soak, ManyRunsAreAllLoggedAndLeaveMemoryAndDescriptorsAlone) {
 }
 
 TEST_F(Soak, AFullDiskCostsNeitherTheResultNorLaterRuns) {
-  const auto& [method, equations, cells, start, solved] = kSystems[1];
+  const auto& [method, equations, cells, start, solved] = systems[1];
   int done = 0;
   do {
-    run(method, equations, cells, start);
+    run(method, equations.c_str(), cells.c_str(), start.c_str());
     ASSERT_EQ(results(), solved);
   } while (seen.text.empty() && ++done < 1000);
   EXPECT_THAT(seen.text, ::testing::StartsWith("Не удалось полностью записать файл log-"));
   // Room again: the log may be cut by whoever looks after the disk.
   QFile::resize(directory.filePath(logName()), 0);
-  EXPECT_EQ(run(method, equations, cells, start).text, "");
+  EXPECT_EQ(run(method, equations.c_str(), cells.c_str(), start.c_str()).text, "");
   EXPECT_EQ(results(), solved);
   EXPECT_EQ(logged("achieved).\n\n"), 1);
   std::printf("full after %d runs\n", done);

@@ -12,34 +12,8 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include "outcome.h"
 #include "widget.h"
-
-/// Systems with known results: method, equations, cells, start, results. The parameter a is
-/// 4, the accuracy 0.00001.
-constexpr const char* kSystems[][5] = {
-    {"Newton", "x1^2-2", "2*x1", "1", "1.41422;;;;4"},
-    {"Newton", "x1^2+x2^2-a;x1-x2", "2*x1;2*x2;1;-1", "1;2", "1.41422;1.41422;;;4"},
-    {"Newton", "x1-1;x2^2-4;x3-x1;x4+x2", "1;;;;;2*x2;;;-1;;1;;;1;;1", "0;2;0;0", "1;2;1;-2;2"},
-    {"Simple", "", "", "5", "0;;;;2"},
-    {"Simple", "0.5*cos(x2);0.5*sin(x1)+0.2", "", "0;0", "0.456465;0.42039;;;11"},
-    {"Simple", "x2/10;x3/10;a/8", "", "1;1;1", "0.005;0.05;0.5;;4"},
-    {"Simple", "x2/4;x3/4;x4/4;a/4", "", "0;0;0;0", "0.015625;0.0625;0.25;1;5"},
-};
-
-/// Runs that fail: method, equation, cell, last line of the log, text of the box. The last
-/// one takes longest.
-constexpr const char* kFailures[][5] = {
-    {"Simple", "2*", "", "expression has wrong format.", "Неправильный формат ввода выражения"},
-    {"Simple", "ж", "", "expression has wrong format.", "Неправильный формат ввода выражения"},
-    {"Newton", "x1", " ", "expression has wrong format.", "Неправильный формат ввода выражения"},
-    {"Simple", "1/x1", "", "result of expression evaluation is bad (equals to nan or inf).",
-     "Значение выражения для заданных аргументов не определено либо слишком велико"},
-    {"Simple", "x1+x3", "", "expression has unknown variable: x3", "Неизвестная переменная: x3"},
-    {"Newton", "x1", "", "matrix is singular.",
-     "Матрица Якоби для заданных аргументов является вырожденной"},
-    {"Simple", "1-x1", "", "iterations limit achieved.",
-     "Превышено предельно допустимое число итераций: 100000"},
-};
 
 /// How many points a label, button or line edit of this size changes for its text.
 inline int ink(QWidget& widget, const QSize& size) {

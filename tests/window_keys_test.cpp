@@ -55,58 +55,28 @@ TEST_F(KeysTest, TheExampleOfTheGuideNeedsNoMouse) {
   EXPECT_EQ(results(), "0.456466;0.420389;;;4");
 }
 
-const char* const kWays[][3] = {{"0 0", "tab", "0 1"},
-                                {"0 1", "tab", "1 0"},
-                                {"1 1", "tab", "init_x_1"},
-                                {"1 1", "back", "1 0"},
-                                {"1 0", "back", "0 1"},
-                                {"0 0", "back", "eq_2"},
-                                {"0 1", "ctrl-tab", "init_x_1"},
-                                {"1 0", "ctrl-back", "eq_2"},
-                                {"0 0", "x1 tab", "0 1"},
-                                {"1 1", "x1 tab", "init_x_1"},
-                                {"0 0", "x1 back", "eq_2"},
-                                {"1 0", "x1 back", "0 1"},
-                                {"0 1", "x1 ctrl-tab", "init_x_1"},
-                                {"1 0", "x1 ctrl-back", "eq_2"},
-                                {"0 0", "x1 tab x2", "0 1"}};
-
 TEST_F(KeysTest, TabWalksThroughTheGridAndOutOfIt) {
-  for (const auto& [from, keys, to] : kWays) {
+  for (const auto& [from, keys, to] : rowsOf<3>("ways.txt")) {
     enter(true, 2, "1;2", "");
     grid()->setFocus();
     const int row = from[0] - '0';
     const int column = from[2] - '0';
     grid()->setCurrentCell(row, column);
-    press(keys);
+    press(keys.c_str());
     EXPECT_EQ(focus(), to) << from << " " << keys;
     EXPECT_EQ(grid()->item(row, column)->text(), keys[0] == 'x' ? "x1" : "");
   }
 }
 
-const char* const kBlamed[][5] = {
-    {"Simple", "x1;2*", "", "eq_2", "2*"},
-    {"Simple", "x1\u22121;2*", "", "eq_1", "x1\u22121"},
-    {"Simple", "*x1;2*", "", "eq_2", "2*"},
-    {"Simple", "x1;*x2", "", "eq_2", "*x2"},
-    {"Newton", "x1;х2", "(", "eq_2", "х2"},
-    {"Newton", "x1;x2", "1;;x1\u00a0;(", "1 0", ""},
-    {"Newton", "x1;x2", "1;*1;*1;1", "0 1", ""},
-    {"Newton", "x1;x2", "1;;;(", "1 1", ""},
-    {"Simple", "x1;x3", "", "calcButton", ""},
-    {"Simple", "1/x1;1", "", "calcButton", ""},
-    {"Newton", "x1;x2", "", "calcButton", ""},
-};
-
 TEST_F(KeysTest, TheFirstMalformedTextIsSelected) {
-  for (const auto& [method, equations, cells, blamed, selected] : kBlamed) {
-    enter(method == std::string("Newton"), 2, equations, cells);
+  for (const auto& [method, equations, cells, selected, blamed] : rowsOf<5>("blamed.txt")) {
+    enter(method == "Newton", 2, equations.c_str(), cells.c_str());
     child("calcButton")->setFocus();
     EXPECT_NE(boxOf("calcButton").text, "");
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
     EXPECT_EQ(focus(), blamed) << equations << " " << cells;
     auto* edit = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-    EXPECT_EQ(edit != nullptr ? edit->selectedText() : "", selected);
+    EXPECT_EQ(edit != nullptr ? edit->selectedText().toStdString() : "", selected);
   }
 }
 

@@ -7,7 +7,6 @@
 #include <sys/stat.h>
 
 #include "nordika/trace.h"
-#include "outcome.h"
 #include "run_log.h"
 #include "window_fixture.h"
 
@@ -46,27 +45,22 @@ TEST_F(WindowTest, TheFormIsAsItsUsersKnowIt) {
   EXPECT_EQ(form.toStdString(), golden("form.txt"));
 }
 
-const char* const kTyped[][3] = {{"a", "-1,25", "-1.25"},      {"a", "1.25", "1.25"},
-                                 {"q", "0,25", "0.25"},        {"epsilon", "0,01", "0.01000"},
-                                 {"init_x_1", "1,25", "1.25"}, {"init_x_2", "1,25", "1.25"},
-                                 {"init_x_3", "1.25", "1.25"}, {"init_x_4", "-1,5", "-1.50"}};
-
 TEST_F(WindowTest, ACommaIsAPointInEveryDecimalBox) {
   ASSERT_EQ(QLocale::system().toString(1.5), "1,5");
-  for (const auto& [name, keys, shown] : kTyped) {
+  for (const auto& [name, keys, shown] : rowsOf<3>("typed.txt")) {
     auto* box = child<QDoubleSpinBox>(name);
     const double initial = box->value();
-    QApplication::clipboard()->setText(keys);
+    QApplication::clipboard()->setText(keys.c_str());
     for (const bool pasted : {false, true}) {
       box->setValue(initial);
       box->selectAll();
       if (pasted)
         QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
       else
-        QTest::keyClicks(box, keys);
+        QTest::keyClicks(box, keys.c_str());
       QTest::keyClick(box, Qt::Key_Return);
       EXPECT_EQ(box->text().toStdString(), shown) << name << pasted;
-      EXPECT_EQ(box->value(), QString(shown).toDouble()) << name << pasted;
+      EXPECT_EQ(box->value(), std::stod(shown)) << name << pasted;
     }
   }
   run("Simple", "0.03");  // estimated error: 0.00999…
@@ -181,8 +175,8 @@ TEST_F(WindowTest, TheWholeGridIsSeenWithoutScrollBarsInEveryStyle) {
 
 TEST_F(WindowTest, KnownSystemsAreSolved) {
   child<QDoubleSpinBox>("a")->setValue(4);
-  for (const auto& [method, equations, cells, start, solved] : kSystems) {
-    run(method, equations, cells, start);
+  for (const auto& [method, equations, cells, start, solved] : rowsOf<5>("systems.txt")) {
+    run(method, equations.c_str(), cells.c_str(), start.c_str());
     EXPECT_EQ(results(), solved) << equations;
   }
 }
@@ -198,15 +192,15 @@ TEST_F(WindowTest, TheParameterHasAPointInEveryLocale) {
 }
 
 TEST_F(WindowTest, EveryFailureIsLoggedAndShownAndLeavesNoResult) {
-  for (const auto& [method, equation, cell, line, text] : kFailures) {
+  for (const auto& [method, equation, cell, line, text] : rowsOf<5>("failures.txt")) {
     run("Simple", "1");
     ASSERT_EQ(results(), "1;;;;2");
     const std::string before = log();
-    const Box box = run(method, equation, cell);
+    const Box box = run(method, equation.c_str(), cell.c_str());
     EXPECT_EQ(box.title, "Ошибка");
     EXPECT_EQ(box.text, text);
     EXPECT_THAT(log(), StartsWith(before));
-    EXPECT_THAT(log(), EndsWith(std::string("\nError: ") + line + "\n\n"));
+    EXPECT_THAT(log(), EndsWith("\nError: " + line + "\n\n"));
     EXPECT_EQ(log().rfind("Error: "), log().find("Error: ", before.size()));
     EXPECT_EQ(box.logged, log().size());
     EXPECT_EQ(results(), ";;;;");
