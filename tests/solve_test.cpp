@@ -10,7 +10,6 @@
 #include <iterator>
 #include <string>
 #include <sys/wait.h>
-#include <tuple>
 #include <vector>
 
 #include "nordika/version.h"
@@ -51,30 +50,34 @@ std::string content(const std::string& name) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-class SolveTest : public ::testing::TestWithParam<std::tuple<std::string, std::string>> {
+class SolveTest : public ::testing::Test {
  protected:
   SolveTest() {
-    setenv("LC_ALL", std::get<1>(GetParam()).c_str(), 1);
     setenv("program", NORDIKA_SOLVE_PROGRAM, 1);
     setenv("version", NORDIKA_VERSION, 1);
     setenv("examples", NORDIKA_EXAMPLES_DIR, 1);
     setenv("golden", NORDIKA_GOLDEN_DIR, 1);
     char name[] = "/tmp/nordika-solve-XXXXXX";
     directory = mkdtemp(name);
-    std::filesystem::current_path(directory);
   }
   void TearDown() override {
     std::filesystem::current_path("/");
     std::filesystem::remove_all(directory);
   }
 
-  std::string directory;
-};
+  void check(const std::string& transcript) const {
+    const std::vector<Step> steps = stepsOf(transcript);
+    ASSERT_GT(steps.size(), 10);
+    for (const char* const locale : {"C", "ru_RU.UTF-8"}) {
+      setenv("LC_ALL", locale, 1);
+      std::filesystem::create_directory(directory + '/' + locale);
+      std::filesystem::current_path(directory + '/' + locale);
+      for (const Step& step : steps)
+        check(step);
+    }
+  }
 
-TEST_P(SolveTest, DoesWhatTheTranscriptSays) {
-  const std::vector<Step> steps = stepsOf(std::get<0>(GetParam()));
-  ASSERT_GT(steps.size(), 10);
-  for (const Step& step : steps) {
+  static void check(const Step& step) {
     std::ofstream("script") << ". " NORDIKA_SOLVE_DIR "/commands.sh\n{ " << step.command
                             << "} >output 2>errors\n";
     const int status = std::system("sh script");
@@ -86,12 +89,28 @@ TEST_P(SolveTest, DoesWhatTheTranscriptSays) {
     else
       EXPECT_EQ(errors, step.errors) << step.command;
   }
+
+  std::string directory;
+};
+
+TEST_F(SolveTest, PrintsSolutionsAndTraces) {
+  check("solutions.txt");
 }
 
-INSTANTIATE_TEST_SUITE_P(Transcripts, SolveTest,
-                         ::testing::Combine(::testing::Values("solutions.txt", "words.txt",
-                                                              "failures.txt", "usage.txt",
-                                                              "jacobian.txt"),
-                                            ::testing::Values("C", "ru_RU.UTF-8")));
+TEST_F(SolveTest, TakesItsWords) {
+  check("words.txt");
+}
+
+TEST_F(SolveTest, TellsOfFailures) {
+  check("failures.txt");
+}
+
+TEST_F(SolveTest, RefusesWrongUsage) {
+  check("usage.txt");
+}
+
+TEST_F(SolveTest, ChecksJacobiMatrices) {
+  check("jacobian.txt");
+}
 
 }  // namespace
