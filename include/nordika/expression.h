@@ -182,24 +182,14 @@ class Expression {
   double evaluateAt(const std::vector<double>& x);
 
  private:
-  // Addresses of values in this object's `variables`. A copy starts without, and
-  // an object that was moved from loses them.
+  // Addresses of values in this object's `variables`. A moved map keeps its nodes, so they
+  // move along; a copy starts without.
   struct Binding {
     Binding() = default;
     Binding(const Binding& /*other*/) noexcept {}
-    Binding(Binding&& other) noexcept { other.clear(); }
-    Binding& operator=(const Binding& /*other*/) noexcept { return clear(); }
-    Binding& operator=(Binding&& other) noexcept {
-      other.clear();
-      return clear();
-    }
+    Binding(Binding&&) = default;
+    Binding& operator=(Binding&&) = default;
     ~Binding() = default;
-
-    Binding& clear() noexcept {
-      arguments.clear();
-      operands.clear();
-      return *this;
-    }
 
     std::vector<double*> arguments;       // of x1, x2, ...
     std::vector<const double*> operands;  // of the program; empty: not located yet

@@ -40,6 +40,15 @@ inline constexpr BuiltinFunction kBuiltinFunctions[] = {
     {"abs", std::fabs},    {"sqrt", std::sqrt},   {"sinh", std::sinh},   {"cosh", std::cosh},
 };
 
+/// A constant of the language: its name and its value.
+struct BuiltinConstant {
+  std::string_view name;
+  double value;
+};
+
+/// All constants of the language.
+inline constexpr BuiltinConstant kBuiltinConstants[] = {{"pi", 3.141592653589793}};
+
 /// The function of that name, std::end(kBuiltinFunctions) for an unknown one.
 inline const BuiltinFunction* findFunction(std::string_view name) {
   return std::find_if(std::begin(kBuiltinFunctions), std::end(kBuiltinFunctions),

@@ -2,28 +2,43 @@
 // SPDX-License-Identifier: MIT
 
 #include <cmath>
+#include <cstddef>
 #include <iterator>
 #include <string>
 #include <vector>
 
 #include "expression/builtin_functions.h"
+#include "expression/operators.h"
 #include "expression/program.h"
 #include "nordika/expression.h"
-#include "nordika/functions.h"
+#include "number/finite.h"
+#include "number/six_digits.h"
 
 using nordika::detail::BuiltinFunction;
 using nordika::detail::findFunction;
+using nordika::detail::findOperator;
+using nordika::detail::isFinite;
 using nordika::detail::kBuiltinFunctions;
+using nordika::detail::kOperators;
+using nordika::detail::Operator;
 using nordika::detail::Places;
 using nordika::detail::Program;
+using nordika::detail::roundToSixDigits;
+
+namespace {
+
+double checked(double value) {
+  if (!std::isfinite(value)) throw ExpressionBadResult();
+  return value;
+}
+
+}  // namespace
 
 double Expression::calculate(const std::vector<token>& sequence) const {
   const Program once(sequence);
   const Places places = once.locate(variables);
   std::vector<double> stack(once.stackSize());
-  const double value = once.run(places.data(), stack.data());
-  checkValue(value);
-  return value;
+  return checked(once.run(places.data(), stack.data()));
 }
 
 double Expression::eval(const std::string& assignments) {
@@ -38,16 +53,64 @@ double Expression::apply_unary(const std::string& op, double x) const {
 }
 
 double Expression::apply_binary(const std::string& op, double a, double b) const {
-  if (op == "+") return a + b;
-  if (op == "-") return a - b;
-  if (op == "*") return a * b;
-  if (op == "/") return a / b;
-  if (op == "^") return std::pow(a, b);
-  throw ExpressionWrongFormat();
+  const Operator* const known = findOperator(op);
+  if (known == std::end(kOperators)) throw ExpressionWrongFormat();
+  return known->compute(a, b);
 }
 
 double Expression::apply_function(const std::string& name, double x) const {
   const BuiltinFunction* const builtin = findFunction(name);
   if (builtin == std::end(kBuiltinFunctions)) throw ExpressionWrongFormat();
   return builtin->compute(x);
+}
+
+double Expression::evaluateAt(const std::vector<double>& x) {
+  if (!isFinite(x)) throw ExpressionBadResult();
+  double* const* argument = bindArguments(x);
+  for (const double value : x)
+    **argument++ = roundToSixDigits(value);
+  return evaluateBound();
+}
+
+// The same for finite elements that are rounded already.
+double Expression::evaluateAtRounded(const std::vector<double>& x) {
+  double* const* argument = bindArguments(x);
+  for (const double value : x)
+    **argument++ = value;
+  return evaluateBound();
+}
+
+// The addresses of the values of x1 .. xn.
+double* const* Expression::bindArguments(const std::vector<double>& x) {
+  if (binding.version != variables.version() || binding.arguments.size() < x.size())
+    bindNewArguments(x);
+  return binding.arguments.data();
+}
+
+// When memory runs out, the names bound so far have the values of this call.
+void Expression::bindNewArguments(const std::vector<double>& x) {
+  if (binding.version != variables.version()) {
+    binding.arguments.clear();
+    binding.operands.clear();
+    binding.version = variables.version();
+  }
+  binding.arguments.reserve(x.size());
+  for (std::size_t i = binding.arguments.size(); i < x.size(); ++i) {
+    std::string name = "x";
+    name += std::to_string(i + 1);
+    const auto place = variables.emplace(name, roundToSixDigits(x[i])).first;
+    binding.arguments.push_back(&place->second);
+  }
+}
+
+double Expression::evaluateBound() {
+  if (binding.operands.empty()) locateOperands();
+  return checked(program->run(binding.operands.data(), binding.stack.data()));
+}
+
+// Leaves the operands empty while a variable is missing: every call looks again.
+void Expression::locateOperands() {
+  if (program == nullptr) throw ExpressionWrongFormat();  // moved from
+  binding.stack.resize(program->stackSize());
+  binding.operands = program->locate(variables);
 }

@@ -6,19 +6,20 @@
 
 #include <vector>
 
-#include "nordika/functions.h"
+#include "nordika/expression.h"
 
 namespace nordika::detail {
 
 /// The arguments of several functions, checked and rounded once for all of them.
+/// SAVES
 class Point {
  public:
   /// Takes the elements of x as arguments.
   /// @throws ExpressionBadResult for an element that is NaN or infinite
   void assign(const std::vector<double>& x);
 
-  /// f at this point. Binds the arguments and throws as f(x) does.
-  double valueOf(Function& f) const;
+  /// f at this point. Binds the arguments and throws as Function::operator()() does.
+  double valueOf(Expression& f) const;
 
  private:
   std::vector<double> arguments;

@@ -4,18 +4,17 @@
 #include "expression/program.h"
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
-#include <string_view>
 #include <utility>
 
 #include "expression/builtin_functions.h"
+#include "expression/operators.h"
 #include "number/read_number.h"
 
 namespace nordika::detail {
 
-// The order is that of the labels in run(). Each operator is followed by its form
-// with the right operand in memory.
+// The order is that of the labels in run(), and from `add` on that of kOperators. Each
+// operator is followed by its form with the right operand in memory.
 enum class Program::Code : std::uint8_t {
   end,
   load,
@@ -74,17 +73,15 @@ bool Program::applyUnary(const std::string& op) {
 }
 
 bool Program::applyBinary(const std::string& op) {
-  constexpr std::string_view kOperators = "+-*/^";
-  const std::size_t which = op.size() == 1 ? kOperators.find(op[0]) : std::string_view::npos;
-  if (depth < 2 || which == std::string_view::npos) return false;
-  constexpr Code kCodes[] = {Code::add, Code::subtract, Code::multiply, Code::divide, Code::power};
-  const Code onStack = kCodes[which];
+  const Operator* const known = findOperator(op);
+  if (depth < 2 || known == std::end(kOperators)) return false;
+  const auto onStack = static_cast<int>(Code::add) + 2 * static_cast<int>(known - kOperators);
   --depth;
   Instruction& last = instructions.back();
   if (last.code == Code::load) {  // becomes the form with its operand in memory
-    last.code = static_cast<Code>(static_cast<int>(onStack) + 1);
+    last.code = static_cast<Code>(onStack + 1);
   } else {
-    instructions.push_back({onStack, 0});
+    instructions.push_back({static_cast<Code>(onStack), 0});
   }
   return true;
 }
@@ -121,6 +118,14 @@ Places Program::locate(const ValueMap& variables) const {
 #pragma GCC diagnostic ignored "-Wpedantic"
 // NOLINTNEXTLINE(bugprone-macro-parentheses): a statement
 #define NEXT() goto* kLabels[static_cast<int>((++at)->code)]
+// The two instructions of an operator.
+#define OPERATOR(name, text)                                                                \
+  static_assert(rowOf(Code::name).sign == text && rowOf(Code::name##Operand).sign == text); \
+  name:                                                                                     \
+  top = rowOf(Code::name).compute(*--stack, top);                                           \
+  NEXT();                                                                                   \
+  name##Operand : top = rowOf(Code::name).compute(top, *places[at->index]);                 \
+  NEXT()
 
 double Program::run(const double* const* places, double* stack) const {
   // clang-format off
@@ -129,7 +134,11 @@ double Program::run(const double* const* places, double* stack) const {
       &&add, &&addOperand, &&subtract, &&subtractOperand, &&multiply, &&multiplyOperand,
       &&divide, &&divideOperand, &&power, &&powerOperand};
   // clang-format on
-  static_assert(std::size(kLabels) == static_cast<int>(Code::powerOperand) + 1);
+  constexpr int kFirst = static_cast<int>(Code::add);
+  static_assert(std::size(kLabels) == kFirst + 2 * std::size(kOperators));
+  constexpr auto rowOf = [](Code code) {
+    return kOperators[(static_cast<int>(code) - kFirst) / 2];
+  };
   double top = 0;
   const Instruction* at = instructions.data();
   goto* kLabels[static_cast<int>(at->code)];
@@ -144,40 +153,16 @@ call:
 negate:
   top = -top;
   NEXT();
-add:
-  top = *--stack + top;
-  NEXT();
-addOperand:
-  top = top + *places[at->index];
-  NEXT();
-subtract:
-  top = *--stack - top;
-  NEXT();
-subtractOperand:
-  top = top - *places[at->index];
-  NEXT();
-multiply:
-  top = *--stack * top;
-  NEXT();
-multiplyOperand:
-  top = top * *places[at->index];
-  NEXT();
-divide:
-  top = *--stack / top;
-  NEXT();
-divideOperand:
-  top = top / *places[at->index];
-  NEXT();
-power:
-  top = std::pow(*--stack, top);
-  NEXT();
-powerOperand:
-  top = std::pow(top, *places[at->index]);
-  NEXT();
+  OPERATOR(add, "+");
+  OPERATOR(subtract, "-");
+  OPERATOR(multiply, "*");
+  OPERATOR(divide, "/");
+  OPERATOR(power, "^");
 end:
   return top;
 }
 
+#undef OPERATOR
 #undef NEXT
 #pragma GCC diagnostic pop
 

@@ -2,8 +2,17 @@
 // SPDX-License-Identifier: MIT
 
 #include <cstddef>
+#include <iterator>
+#include <string_view>
 
+#include "expression/operators.h"
 #include "nordika/expression.h"
+
+using nordika::detail::findOperator;
+using nordika::detail::kFunctionPrecedence;
+using nordika::detail::kOperators;
+using nordika::detail::kUnaryPrecedence;
+using nordika::detail::Operator;
 
 namespace {
 
@@ -62,20 +71,11 @@ bool isBalanced(const std::vector<Token>& tokens) {
 
 int Expression::priority(const token& t) const {
   if (t.text == "(") return 0;
-  if (t.type == function) return 5;
-  if (t.type == unary_operator) return 3;
-  switch (t.text.empty() ? '\0' : t.text[0]) {
-    case '+':
-    case '-':
-      return 1;
-    case '*':
-    case '/':
-      return 2;
-    case '^':
-      return 4;
-    default:
-      throw ExpressionWrongFormat();
-  }
+  if (t.type == function) return kFunctionPrecedence;
+  if (t.type == unary_operator) return kUnaryPrecedence;
+  const Operator* const op = findOperator(std::string_view(t.text).substr(0, 1));
+  if (op == std::end(kOperators)) throw ExpressionWrongFormat();
+  return op->precedence;
 }
 
 void Expression::check_expression(const std::vector<token>& tokens) const {
@@ -121,8 +121,10 @@ void Expression::convert_expression(std::vector<token>& tokens, std::vector<toke
         stack.push_back(&t);
         break;
       case binary_operator: {
-        // "^" associates to the right, so another "^" before it stays.
-        const int least = priority(t) + (t.text == "^" ? 1 : 0);
+        // From the right: an equal operator before this one stays.
+        const Operator* const op = findOperator(t.text);
+        const bool fromRight = op != std::end(kOperators) && op->isRightAssociative;
+        const int least = priority(t) + (fromRight ? 1 : 0);
         while (!stack.empty() && priority(*stack.back()) >= least)
           popTop();
         stack.push_back(&t);

@@ -17,7 +17,6 @@ using nordika::detail::LupSolver;
 namespace {
 
 constexpr double kSmallestPivot = 1e-8;
-constexpr int kBlock = 4;
 constexpr ElementFormat kFactorElements = {7, 3};  // "%7.3lf "
 
 // Reuses the memory of a matrix that has the dimension already.
@@ -29,9 +28,8 @@ void makeIdentity(Matrix& a, int n) {
   }
 }
 
-// The row of the largest element of column k on or below the diagonal, the
-// upper one of equals; never that of a NaN. No row has an index below 0: then no
-// element is large enough.
+// The row of the largest element of column k on or below the diagonal, the upper
+// one of equals, never that of a NaN. Returns -1 if no element is large enough.
 int findPivot(const Matrix& U, int k) {
   double best = -1;
   int pivot = -1;
@@ -45,38 +43,16 @@ int findPivot(const Matrix& U, int k) {
   return kSmallestPivot > best ? -1 : pivot;
 }
 
-// Step k in the columns k .. end-1.
-void eliminateBelow(Matrix& L, Matrix& U, int k, int end) {
+// Makes the elements of column k below the diagonal zero, up to rounding.
+void eliminateBelow(Matrix& L, Matrix& U, int k) {
+  const int n = U.dimension();
   const double* const pivotRow = U[k].data();
-  for (int i = k + 1; i < U.dimension(); ++i) {
+  for (int i = k + 1; i < n; ++i) {
     double* const row = U[i].data();
     const double multiplier = row[k] / pivotRow[k];
     L(i, k) = multiplier;
-    for (int j = k; j < end; ++j)
+    for (int j = k; j < n; ++j)
       row[j] -= multiplier * pivotRow[j];
-  }
-}
-
-// The steps begin .. end-1 in the columns from `first` on.
-void eliminateRight(const Matrix& L, Matrix& U, int begin, int end, int first) {
-  const int n = U.dimension();
-  for (int i = begin + 1; i < n; ++i) {
-    const double* const m = L[i].data() + begin;
-    double* const row = U[i].data();
-    if (i >= end && end - begin == kBlock) {
-      const double* const a = U[begin].data();
-      const double* const b = U[begin + 1].data();
-      const double* const c = U[begin + 2].data();
-      const double* const d = U[begin + 3].data();
-      for (int j = first; j < n; ++j)
-        row[j] = row[j] - m[0] * a[j] - m[1] * b[j] - m[2] * c[j] - m[3] * d[j];
-    } else {
-      for (int k = begin; k < std::min(i, end); ++k) {
-        const double* const pivotRow = U[k].data();
-        for (int j = first; j < n; ++j)
-          row[j] -= m[k - begin] * pivotRow[j];
-      }
-    }
   }
 }
 
@@ -119,24 +95,17 @@ void LUPdecomposition(const Matrix& A, Matrix& L, Matrix& U, Matrix& P, int& swa
   makeIdentity(L, n);
   makeIdentity(P, n);
   swaps = 0;
-  for (int begin = 0; begin < n; begin += kBlock) {
-    const int end = std::min(begin + kBlock, n);
-    for (int k = begin; k < end; ++k) {
-      const int pivot = findPivot(U, k);
-      if (pivot < 0) {
-        eliminateRight(L, U, begin, k, end);
-        throw MatrixIsSingular();
-      }
-      if (pivot != k) {
-        U[k].swap(U[pivot]);
-        P[k].swap(P[pivot]);
-        // The multipliers move with their rows, the unit diagonal stays.
-        std::swap_ranges(L[k].begin(), L[k].begin() + k, L[pivot].begin());
-        ++swaps;
-      }
-      eliminateBelow(L, U, k, end);
+  for (int k = 0; k < n; ++k) {
+    const int pivot = findPivot(U, k);
+    if (pivot < 0) throw MatrixIsSingular();
+    if (pivot != k) {
+      U[k].swap(U[pivot]);
+      P[k].swap(P[pivot]);
+      // The multipliers move with their rows, the unit diagonal stays.
+      std::swap_ranges(L[k].begin(), L[k].begin() + k, L[pivot].begin());
+      ++swaps;
     }
-    eliminateRight(L, U, begin, end, end);
+    eliminateBelow(L, U, k);
   }
 }
 

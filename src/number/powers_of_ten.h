@@ -27,9 +27,10 @@ inline double powerOfTen(int k) {
   return powers[k - kSmallestPower];
 }
 
-/// The integer nearest to t, ties to even, for the double s nearest to t that is
-/// halfway between two integers. a·b + c has the sign of t - s.
-double nearestBesideHalf(double s, double a, double b, double c);
+/// s is the double nearest to t and lies exactly halfway between two integers.
+/// Returns the integer nearest to t. The sign of a·b + c says on which side of s the
+/// exact t is; 0: to even.
+double resolveHalf(double s, double a, double b, double c);
 
 /// The integer nearest to s, ties to even, for |s| < 2^51.
 inline double nearestInteger(double s) {
@@ -47,7 +48,7 @@ inline double nearestToProduct(double x, int k) {
   const double integer = nearestInteger(s);
   if (std::abs(s - integer) < 0.5) [[likely]]
     return integer;
-  return nearestBesideHalf(s, x, power, -s);
+  return resolveHalf(s, x, power, -s);
 }
 
 /// The integer nearest to x/10^k, ties to even, for |x/10^k| < 2^51 and
@@ -58,7 +59,7 @@ inline double nearestToQuotient(double x, int k) {
   const double integer = nearestInteger(s);
   if (std::abs(s - integer) < 0.5) [[likely]]
     return integer;
-  return nearestBesideHalf(s, -s, power, x);
+  return resolveHalf(s, -s, power, x);
 }
 
 }  // namespace nordika::detail

@@ -47,9 +47,9 @@ void inClassicLocale(Conversion convert) {
   uselocale(before);
 }
 
-// The number that is the whole text, where std::from_chars() gives the nearest
+// The number that all of the text is, where std::from_chars() gives the nearest
 // double. On i386 it computes with 80 bits and rounds twice.
-std::optional<double> wholeNumber([[maybe_unused]] std::string_view text) {
+std::optional<double> readAll([[maybe_unused]] std::string_view text) {
 #ifndef __i386__
   double value = 0;
   const char* const end = text.data() + text.size();
@@ -59,8 +59,8 @@ std::optional<double> wholeNumber([[maybe_unused]] std::string_view text) {
   return std::nullopt;
 }
 
-// The same, but slowly, and a value too small for a double is 0.
-std::optional<double> anyWholeNumber(const std::string& text) {
+// The same on any machine. A value too small for a double is 0.
+std::optional<double> readAllSlowly(const std::string& text) {
   char* stop = nullptr;
   double value = 0;
   inClassicLocale([&] { value = std::strtod(text.c_str(), &stop); });
@@ -74,13 +74,13 @@ std::optional<double> extractNumber(std::string_view& text) {
   std::string_view number = text.substr(0, numberLength(text));
   text.remove_prefix(number.size());
   if (!number.empty() && number[0] == '+') number.remove_prefix(1);
-  if (const auto value = wholeNumber(number)) return value;
-  return anyWholeNumber(std::string(number));
+  if (const auto value = readAll(number)) return value;
+  return readAllSlowly(std::string(number));
 }
 
 double numberValue(const std::string& text) {
   if (text.size() <= kLongestNumberText) {
-    if (const auto value = wholeNumber(text)) return *value;
+    if (const auto value = readAll(text)) return *value;
   }
   // Only a token made by hand holds blanks, signs, hexadecimal digits or
   // trailing characters.

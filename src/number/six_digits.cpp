@@ -41,7 +41,7 @@ char* writeExponent(char* out, int e) {
 char* writeSixDigits(char* out, double x) {
   const double a = std::abs(x);
   const int binary = binaryExponent(x);
-  if (!isOrdinary(binary)) return writeAsText(out, x);
+  if (!isOrdinaryExponent(binary)) return writeAsText(out, x);
   int e = decimalExponent(a, binary);
   const int k = kDigits - 1 - e;
   double m = k >= 0 ? nearestToProduct(a, k) : nearestToQuotient(a, -k);
@@ -55,7 +55,7 @@ char* writeSixDigits(char* out, double x) {
     std::copy_n("0.000", 5, out);
     return withoutZeros(writeDigits(out + 1 - e, m));
   }
-  // The digits before the point make room for it.
+  // Moves the digits before the point one place to the left, to make room for it.
   const int whole = withExponent ? 1 : e + 1;
   char* end = writeDigits(out + 1, m);
   for (int i = 0; i < whole; ++i)
@@ -66,7 +66,7 @@ char* writeSixDigits(char* out, double x) {
   return withExponent ? writeExponent(end, e) : end;
 }
 
-double nearestBesideHalf(double s, double a, double b, double c) {
+double resolveHalf(double s, double a, double b, double c) {
   const double side = std::fma(a, b, c);
   return side > 0 ? std::ceil(s) : side < 0 ? std::floor(s) : nearestInteger(s);
 }

@@ -42,7 +42,7 @@ inline int binaryExponent(double x) {
 
 /// Whether numbers of this binary exponent need no text. 2^-53 is the first power
 /// of two above 1e-16, 2^73 the last one below 1e22.
-inline bool isOrdinary(int binary) {
+inline bool isOrdinaryExponent(int binary) {
   return -53 <= binary && binary < 73;
 }
 
@@ -61,7 +61,7 @@ double roundThroughText(double x);
 /// zero stays; infinities and NaN are returned as they are.
 inline double roundToSixDigits(double x) {
   const int binary = binaryExponent(x);
-  if (!isOrdinary(binary)) [[unlikely]]
+  if (!isOrdinaryExponent(binary)) [[unlikely]]
     return roundThroughText(x);
   const int k = kDigits - 1 - decimalExponent(std::abs(x), binary);
   if (k >= 0) [[likely]]

@@ -4,6 +4,7 @@
 #ifndef NORDIKA_DETAIL_VALUE_MAP_H
 #define NORDIKA_DETAIL_VALUE_MAP_H
 
+#include <algorithm>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -36,16 +37,12 @@ class ValueMap : private std::map<std::string, double> {
 
   ValueMap() = default;
   ValueMap(const ValueMap&) = default;
-  ValueMap(ValueMap&& other) noexcept {
-    ++other.changes;
-    Map::swap(other);
-  }
+  ValueMap(ValueMap&& other) noexcept : Map(std::move(other)), changes(other.changes++) {}
   ~ValueMap() = default;
 
   ValueMap& operator=(const ValueMap& other) { return *this = ValueMap(other); }
   ValueMap& operator=(ValueMap&& other) noexcept {
-    ++changes;
-    ++other.changes;
+    changes = std::max(changes, other.changes++) + 1;
     Map::operator=(std::move(other));
     return *this;
   }
