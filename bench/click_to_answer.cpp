@@ -12,7 +12,7 @@
 
 #include <QtWidgets>
 
-#include "widget.h"
+#include "app/widget.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 
 #include <QtTest>
 
-#include "screen_scale.h"
+#include "app/screen_scale.h"
 #include "window_fixture.h"
 
 int nordikaMain(int argc, char** argv);  // main() of the program

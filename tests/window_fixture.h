@@ -12,8 +12,8 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include "app/widget.h"
 #include "outcome.h"
-#include "widget.h"
 
 /// How many points a label, button or line edit of this size changes for its text.
 inline int ink(QWidget& widget, const QSize& size) {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "letters.h"
+#include "app/letters.h"
 #include "window_fixture.h"
 
 namespace {

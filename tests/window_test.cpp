@@ -6,8 +6,8 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include "app/run_log.h"
 #include "nordika/trace.h"
-#include "run_log.h"
 #include "window_fixture.h"
 
 namespace {

@@ -6,15 +6,14 @@
 #include <QAbstractItemDelegate>
 #include <QMessageBox>
 
-#include "letters.h"
-#include "messages.h"
-#include "nordika/solver.h"
+#include "app/letters.h"
+#include "app/row.h"
+#include "app/run_log.h"
+#include "app/widget.h"
 #include "nordika/trace.h"
-#include "row.h"
-#include "run.h"
-#include "run_log.h"
+#include "run/messages.h"
+#include "run/run.h"
 #include "ui_widget.h"
-#include "widget.h"
 
 namespace messages = nordika::messages;
 
@@ -27,6 +26,12 @@ void showResult(QLineEdit& field, const QString& text) {
 
 void showError(const QString& text) {
   QMessageBox::information(nullptr, messages::kErrorTitle, text, QMessageBox::Ok);
+}
+
+// The engine reads single bytes. Characters outside Latin-1 become question marks, which
+// no expression may contain.
+std::string bytesOf(const QString& text) {
+  return text.toLatin1().toStdString();
 }
 
 nordika::Row rowOf(const Ui_Widget& ui, int i) {
@@ -48,76 +53,45 @@ void Widget::calculate() {
   clearResult();
   commitCellEditor();
   std::setlocale(LC_ALL, "C");
-  const int n = ui->n->value();
-  const double accuracy = ui->epsilon->value();
-  std::vector<double> solution;
-  int iterations = 0;
-  try {
-    solution = solve(n, accuracy, iterations);
-  } catch (const ExpressionWrongFormat&) {
-    showError(QString::fromStdString(nordika::reportFailure()));
-    return selectMalformed();
-  } catch (...) {
-    return showError(QString::fromStdString(nordika::reportFailure()));
+  const nordika::Outcome outcome = nordika::solve(problem());
+  if (outcome.failure) {
+    showError(QString::fromStdString(outcome.failure->message));
+    if (outcome.failure->place) select(*outcome.failure->place);
+    return;
   }
-  auto component = solution.begin();
+  auto component = outcome.solution.begin();
   for (const nordika::Row& row : nordika::rowsOf(*ui)) {
-    if (component == solution.end()) break;
+    if (component == outcome.solution.end()) break;
     showResult(*row.result, QString::number(*component++, 'g', 6));
   }
-  showResult(*ui->iters, QString::number(iterations));
+  showResult(*ui->iters, QString::number(outcome.iterations));
 }
 
-// The engine finds a leading operator only at evaluation, so the texts that compile
-// are then tried at the start.
-void Widget::selectMalformed() const {
+nordika::Problem Widget::problem() const {
+  nordika::Problem problem;
   const int n = ui->n->value();
-  std::vector<double> start;
-  for (int i = 1; i <= n; ++i)
-    start.push_back(parseInitX(i));
-  for (const bool evaluated : {false, true}) {
-    const auto isMalformed = [&](const auto& parse) {
-      try {
-        Function function = parse();
-        if (evaluated) function(start);
-      } catch (const ExpressionWrongFormat&) {
-        return true;
-      } catch (...) {  // another fault, of another text maybe
-      }
-      return false;
-    };
-    for (int i = 1; i <= n; ++i) {
-      if (!isMalformed([&] { return parseFunction(i); })) continue;
-      QLineEdit* equation = rowOf(*ui, i).equation;
-      equation->setFocus();
-      return equation->selectAll();
-    }
-    for (int cell = 0; method != 0 && cell < n * n; ++cell) {
-      if (!isMalformed([&] { return parseJacobiMatrixElement(cell / n, cell % n); })) continue;
-      ui->jacobiMatrix->setFocus();
-      return ui->jacobiMatrix->setCurrentCell(cell / n, cell % n);
-    }
+  problem.isNewton = method != 0;
+  problem.eps = ui->epsilon->value();
+  problem.a = ui->a->value();
+  problem.q = ui->q->value();
+  for (int i = 1; i <= n; ++i) {
+    problem.functions.push_back(bytesOf(rowOf(*ui, i).equation->text()));
+    problem.start.push_back(parseInitX(i));
   }
+  for (int cell = 0; problem.isNewton && cell < n * n; ++cell)
+    problem.jacobian.push_back(textOfCell(cell / n, cell % n));
+  return problem;
 }
 
-std::vector<double> Widget::solve(int n, double accuracy, int& iterations) const {
-  std::vector<Function> functions;
-  std::vector<double> start;
-  for (int i = 1; i <= n; ++i) {
-    functions.push_back(parseFunction(i));
-    start.push_back(parseInitX(i));
+void Widget::select(const nordika::TextPlace& place) const {
+  if (place.isFunction) {
+    QLineEdit* equation = rowOf(*ui, place.row + 1).equation;
+    equation->setFocus();
+    equation->selectAll();
+  } else {
+    ui->jacobiMatrix->setFocus();
+    ui->jacobiMatrix->setCurrentCell(place.row, place.column);
   }
-  if (method == 0) {
-    SimpleItersProblem problem(functions, start, ui->q->value());
-    return solve_nonlinear_system_simple_iters(problem, accuracy, iterations);
-  }
-  std::vector<std::vector<Function>> jacobi(functions.size());
-  for (int i = 0; i < n; ++i) {
-    for (int j = 0; j < n; ++j)
-      jacobi.begin()[i].push_back(parseJacobiMatrixElement(i, j));
-  }
-  NewtonProblem problem(functions, start, jacobi);
-  return solve_nonlinear_system_newton(problem, accuracy, iterations);
 }
 
 // A mouse click on the button takes the focus from the cell and thereby ends its
@@ -134,14 +108,8 @@ std::string Widget::getVars() const {
   return nordika::parameterText(ui->a->value());
 }
 
-Function Widget::compile(const QString& text) const {
-  // The engine reads single bytes. Characters outside Latin-1 become question
-  // marks, which no expression may contain.
-  return nordika::compiled(text.toLatin1().toStdString(), getVars());
-}
-
 Function Widget::parseFunction(int i) const {
-  return compile(rowOf(*ui, i).equation->text());
+  return nordika::compile(bytesOf(rowOf(*ui, i).equation->text()), getVars());
 }
 
 double Widget::parseInitX(int i) const {
@@ -149,7 +117,11 @@ double Widget::parseInitX(int i) const {
 }
 
 Function Widget::parseJacobiMatrixElement(int row, int column) const {
+  return nordika::compile(textOfCell(row, column), getVars());
+}
+
+std::optional<std::string> Widget::textOfCell(int row, int column) const {
   const QTableWidgetItem* item = ui->jacobiMatrix->item(row, column);
-  if (item == nullptr) throw 42;
-  return compile(item->data(Qt::DisplayRole).toString());
+  if (item == nullptr) return std::nullopt;
+  return bytesOf(item->data(Qt::DisplayRole).toString());
 }

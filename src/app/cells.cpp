@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "cells.h"
+#include "app/cells.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "decimal_box.h"
+#include "app/decimal_box.h"
 
 namespace nordika {
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "formula.h"
+#include "app/formula.h"
 
 #include <QImage>
 #include <QWidget>

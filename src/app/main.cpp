@@ -6,8 +6,8 @@
 
 #include <QApplication>
 
-#include "screen_scale.h"
-#include "widget.h"
+#include "app/screen_scale.h"
+#include "app/widget.h"
 
 int main(int argc, char* argv[]) {
   // If the caller closed descriptor 2, the toolkit's X connection would get that

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "run_log.h"
+#include "app/run_log.h"
 
 #include <algorithm>
 #include <csignal>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "screen_scale.h"
+#include "app/screen_scale.h"
 
 #include <QByteArray>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "wheel.h"
+#include "app/wheel.h"
 
 #include <QAbstractSpinBox>
 #include <QEvent>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "widget.h"
+#include "app/widget.h"
 
 #include <clocale>
 #include <cstdlib>
@@ -12,14 +12,14 @@
 #include <QLocale>
 #include <QMessageBox>
 
-#include "cells.h"
-#include "formula.h"
-#include "letters.h"
-#include "messages.h"
-#include "row.h"
-#include "run_log.h"
+#include "app/cells.h"
+#include "app/formula.h"
+#include "app/letters.h"
+#include "app/row.h"
+#include "app/run_log.h"
+#include "app/wheel.h"
+#include "run/messages.h"
 #include "ui_widget.h"
-#include "wheel.h"
 
 using nordika::Row;
 using nordika::rowsOf;

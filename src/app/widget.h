@@ -5,8 +5,8 @@
 #define NORDIKA_APP_WIDGET_H
 
 #include <memory>
+#include <optional>
 #include <string>
-#include <vector>
 
 #include <QWidget>
 
@@ -15,6 +15,11 @@
 class QSize;
 class QString;
 class Ui_Widget;
+
+namespace nordika {
+struct Problem;
+struct TextPlace;
+}  // namespace nordika
 
 /// The main window: the input panel and the calculation run. Its slots are
 /// connected by their names when the form is built.
@@ -81,9 +86,9 @@ class Widget : public QWidget {
   void showTask(const QString& picture, const QSize& size);
   void commitCellEditor();
   void calculate();
-  void selectMalformed() const;
-  Function compile(const QString& text) const;
-  std::vector<double> solve(int n, double accuracy, int& iterations) const;
+  nordika::Problem problem() const;
+  std::optional<std::string> textOfCell(int row, int column) const;
+  void select(const nordika::TextPlace& place) const;
 
   int method = 0;  // 0: simple iterations, else Newton's method
   std::unique_ptr<Ui_Widget> ui;

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "check_jacobian.h"
+#include "cli/check_jacobian.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 
-#include "number_text.h"
+#include "cli/number_text.h"
 
 namespace nordika {
 
@@ -117,8 +117,8 @@ double stepAt(double x) {
 }
 
 // The line on an element that is wrong, nothing on others.
-std::string compared(Function& function, Function& element, const std::vector<double>& point,
-                     std::size_t i, std::size_t j) {
+std::string lineOnElement(Function& function, Function& element, const std::vector<double>& point,
+                          std::size_t i, std::size_t j) {
   std::string name = "x";
   name += std::to_string(j + 1);
   const double value = element(point);
@@ -143,13 +143,11 @@ std::string compared(Function& function, Function& element, const std::vector<do
 
 }  // namespace
 
-std::string wrongElements(std::vector<Function>& functions,
-                          std::vector<std::vector<Function>>& jacobian,
-                          const std::vector<double>& point) {
+std::string linesOnWrongElements(System& system, const std::vector<double>& point) {
   std::string lines;
-  for (std::size_t i = 0; i < functions.size(); ++i) {
-    for (std::size_t j = 0; j < functions.size(); ++j)
-      lines += compared(functions[i], jacobian[i][j], point, i, j);
+  for (std::size_t i = 0; i < system.functions.size(); ++i) {
+    for (std::size_t j = 0; j < system.functions.size(); ++j)
+      lines += lineOnElement(system.functions[i], system.jacobian[i][j], point, i, j);
   }
   return lines;
 }

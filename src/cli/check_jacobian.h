@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "nordika/functions.h"
+#include "run/run.h"
 
 namespace nordika {
 
@@ -21,15 +21,12 @@ namespace nordika {
 ///
 /// And the differences for smaller steps must not change by a tenth. So a function that
 /// bends, swings or jumps within the step does not make a right element wrong.
-/// @param functions n functions
-/// @param jacobian n rows of n elements
+/// @param system n functions and n rows of n elements
 /// @param point of length n
 /// @return a line for each wrong element, row by row
 /// @throws what Function::operator()() and Expression::calculate() do, at the point or
 ///   within the step
-std::string wrongElements(std::vector<Function>& functions,
-                          std::vector<std::vector<Function>>& jacobian,
-                          const std::vector<double>& point);
+std::string linesOnWrongElements(System& system, const std::vector<double>& point);
 
 }  // namespace nordika
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "command.h"
+#include "cli/command.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -10,9 +10,9 @@
 #include <set>
 #include <system_error>
 
+#include "cli/number_text.h"
+#include "cli/problem_file.h"
 #include "nordika/version.h"
-#include "number_text.h"
-#include "problem_file.h"
 
 namespace nordika {
 
@@ -20,8 +20,8 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-// The options as CLI11 knows them. It gathers their texts; all but --check-jacobian are
-// read from these.
+// The options as CLI11 knows them. CLI11 only collects the texts; readCommand() converts
+// them.
 struct Options {
   CLI::App app{
       "Solves a system of nonlinear equations. The solution goes to the standard output, and\n"
@@ -60,9 +60,9 @@ const CLI::Option* named(const Options& options, const std::string& word) {
   return options.app.get_option_no_throw(word.substr(0, end));
 }
 
-// CLI11 ends a list at a word that begins with a minus, but whatever word follows the name
-// of an option is its value. So the name is repeated before each word of a list.
-Words unfolded(const Options& options, const Words& words) {
+// In CLI11 a word that begins with a minus ends a list, except directly after the option's
+// name. So the name is put before each word of a list.
+Words withNameBeforeEachValue(const Options& options, const Words& words) {
   Words result;
   std::set<const CLI::Option*> given;
   std::string list;
@@ -94,7 +94,7 @@ Words unfolded(const Options& options, const Words& words) {
 // Lets CLI11 read the words and the problem file.
 // Returns the text of --help or --version, or nothing.
 std::string parse(Options& options, const Words& words) {
-  Words reversed = unfolded(options, words);
+  Words reversed = withNameBeforeEachValue(options, words);
   std::reverse(reversed.begin(), reversed.end());
   const auto file = [&options] { return options.config->as<std::string>(); };
   try {
@@ -131,28 +131,29 @@ double numberOf(const CLI::Option* option, const char* otherwise) {
 }
 
 void check(const Options& options, const Command& command) {
+  const Problem& problem = command.problem;
   const auto require = [](bool holds, const std::string& fault) {
     if (!holds) throw WrongUsage(fault);
   };
   const std::string method = textOf(options.method, "simple");
   require(method == "simple" || method == "newton",
           "--method: \"" + method + "\" is neither simple nor newton");
-  if (command.isNewton) {
+  if (problem.isNewton) {
     require(options.q->count() == 0, "-q is only for --method simple");
   } else {
     require(options.jacobian->count() == 0, "--jacobian is only for --method newton");
     require(!command.checksJacobian, "--check-jacobian is only for --method newton");
   }
-  require(command.eps > 0, "--eps is not positive");
-  require(1e-8 < command.q && command.q < 1.0 - 1e-8, "-q is outside 1e-08 < q < 1 - 1e-08");
-  const std::size_t n = command.functions.size();
+  require(problem.eps > 0, "--eps is not positive");
+  require(1e-8 < problem.q && problem.q < 1.0 - 1e-8, "-q is outside 1e-08 < q < 1 - 1e-08");
+  const std::size_t n = problem.functions.size();
   require(n > 0, "--functions is missing");
   const auto requireCount = [&](const CLI::Option* option, std::size_t count, std::size_t wanted) {
     require(count == wanted, option->get_name() + " has " + std::to_string(count) +
                                  " values instead of " + std::to_string(wanted));
   };
-  requireCount(options.start, command.start.size(), n);
-  if (command.isNewton) requireCount(options.jacobian, command.jacobian.size(), n * n);
+  requireCount(options.start, problem.start.size(), n);
+  if (problem.isNewton) requireCount(options.jacobian, problem.jacobian.size(), n * n);
   std::error_code ignored;  // if a file is missing, the two are not the same
   require(!command.log ||
               !std::filesystem::equivalent(textOf(options.config, ""), *command.log, ignored),
@@ -166,15 +167,17 @@ Command readCommand(int argc, const char* const* argv) {
   Command command;
   command.answer = parse(options, {argv + std::min(argc, 1), argv + argc});
   if (!command.answer.empty()) return command;
-  command.isNewton = textOf(options.method, "simple") == "newton";
   command.checksJacobian = options.checksJacobian;
-  command.eps = numberOf(options.eps, "1e-05");
-  command.a = numberOf(options.a, "0");
-  command.q = numberOf(options.q, "0.5");
+  Problem& problem = command.problem;
+  problem.isNewton = textOf(options.method, "simple") == "newton";
+  problem.eps = numberOf(options.eps, "1e-05");
+  problem.a = numberOf(options.a, "0");
+  problem.q = numberOf(options.q, "0.5");
   for (const std::string& text : options.start->results())
-    command.start.push_back(toNumber(options.start, text));
-  command.functions = options.functions->results();
-  command.jacobian = options.jacobian->results();
+    problem.start.push_back(toNumber(options.start, text));
+  problem.functions = options.functions->results();
+  const Words elements = options.jacobian->results();
+  problem.jacobian.assign(elements.begin(), elements.end());
   if (options.log->count() > 0) command.log = options.log->results().back();
   check(options, command);
   return command;

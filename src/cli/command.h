@@ -7,7 +7,8 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
-#include <vector>
+
+#include "run/run.h"
 
 namespace nordika {
 
@@ -17,28 +18,15 @@ class WrongUsage : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// What the user asks for. If `answer` is empty, a calculation: n texts of functions, n
-/// numbers of the start, and for Newton's method n × n texts of the Jacobi matrix, row
-/// by row; eps > 0 and 1e-8 < q < 1 - 1e-8.
+/// What the user asks for. If `answer` is empty, a calculation of a problem of n > 0
+/// equations whose texts and numbers are as many as Problem says; eps > 0.
 struct Command {
   /// The text of --help or --version, which asks for nothing more.
   std::string answer;
-  /// Newton's method instead of simple iterations.
-  bool isNewton = false;
   /// Check the Jacobi matrix instead of solving.
   bool checksJacobian = false;
-  /// The accuracy.
-  double eps = 0;
-  /// The parameter of the functions.
-  double a = 0;
-  /// The contraction constant, for simple iterations.
-  double q = 0;
-  /// The initial approximation.
-  std::vector<double> start;
-  /// The texts of the functions.
-  std::vector<std::string> functions;
-  /// The texts of the elements of the Jacobi matrix.
-  std::vector<std::string> jacobian;
+  /// The problem.
+  Problem problem;
   /// The file for the trace; without one it goes to the standard error stream.
   std::optional<std::string> log;
 };

@@ -5,13 +5,12 @@
 #include <cstring>
 #include <string>
 
-#include "check_jacobian.h"
-#include "command.h"
-#include "messages.h"
-#include "nordika/solver.h"
-#include "number_text.h"
-#include "output.h"
-#include "run.h"
+#include "cli/check_jacobian.h"
+#include "cli/command.h"
+#include "cli/number_text.h"
+#include "cli/output.h"
+#include "run/messages.h"
+#include "run/run.h"
 
 using nordika::Command;
 using nordika::complain;
@@ -23,56 +22,22 @@ enum Status { kSolved = 0, kFailed = 1, kWrongUsage = 2, kWrongJacobian = 3 };
 
 constexpr char kName[] = "nordika-solve: ";
 
-using Functions = std::vector<Function>;
-
-// Compiles `count` of the texts, from `first` on.
-Functions compiled(const std::vector<std::string>& texts, std::size_t first, std::size_t count,
-                   const std::string& parameters) {
-  Functions functions;
-  functions.reserve(count);
-  for (std::size_t i = first; i < first + count; ++i)
-    functions.push_back(nordika::compiled(texts[i], parameters));
-  return functions;
-}
-
-std::string solve(const Command& command, const Functions& functions,
-                  const std::vector<Functions>& jacobian) {
-  int iterations = 0;
-  std::vector<double> x;
-  if (command.isNewton) {
-    NewtonProblem problem(functions, command.start, jacobian);
-    x = solve_nonlinear_system_newton(problem, command.eps, iterations);
-  } else {
-    SimpleItersProblem problem(functions, command.start, command.q);
-    x = solve_nonlinear_system_simple_iters(problem, command.eps, iterations);
-  }
+std::string linesOf(const nordika::Outcome& outcome) {
   std::string lines;
-  for (std::size_t i = 0; i < x.size(); ++i)
+  for (std::size_t i = 0; i < outcome.solution.size(); ++i)
     lines.append("x")
         .append(std::to_string(i + 1))
         .append(" = ")
-        .append(nordika::shownNumber(x[i]))
+        .append(nordika::shownNumber(outcome.solution[i]))
         .append("\n");
-  return lines.append("iterations = ").append(std::to_string(iterations)).append("\n");
-}
-
-// What goes to the standard output. Texts are compiled in the order of the window.
-std::string calculate(const Command& command) {
-  const std::string parameters = nordika::parameterText(command.a);
-  const std::size_t n = command.functions.size();
-  Functions functions = compiled(command.functions, 0, n, parameters);
-  std::vector<Functions> jacobian;
-  for (std::size_t first = 0; first < command.jacobian.size(); first += n)
-    jacobian.push_back(compiled(command.jacobian, first, n, parameters));
-  if (command.checksJacobian) return nordika::wrongElements(functions, jacobian, command.start);
-  return solve(command, functions, jacobian);
+  return lines.append("iterations = ").append(std::to_string(outcome.iterations)).append("\n");
 }
 
 std::string aboutLog(std::string message, const std::string& name) {
   return message.replace(message.find("%1"), 2, name);
 }
 
-int printed(const std::string& text, int status) {
+int finish(const std::string& text, int status) {
   if (nordika::print(text)) return status;
   complain(std::string(kName) + "cannot write the results: " + std::strerror(errno));
   return kFailed;
@@ -85,20 +50,24 @@ int run(const Command& command) {
     return kWrongUsage;
   }
   std::string output;
-  std::string failure;
-  try {
-    output = calculate(command);
-  } catch (...) {
-    failure = nordika::reportFailure();
+  std::optional<nordika::Failure> failure;
+  if (command.checksJacobian) {
+    failure = nordika::attempt(command.problem, [&](nordika::System& system) {
+      output = nordika::linesOnWrongElements(system, command.problem.start);
+    });
+  } else {
+    const nordika::Outcome outcome = nordika::solve(command.problem);
+    failure = outcome.failure;
+    output = linesOf(outcome);
   }
   const bool isLogWhole = log.close();
   if (!isLogWhole) complain(aboutLog(messages::kLogNotWhole, *command.log));
-  if (!failure.empty()) {
-    complain(failure);
+  if (failure) {
+    complain(failure->message);
     return kFailed;
   }
   const bool isWrong = command.checksJacobian && !output.empty();
-  return printed(output, !isLogWhole ? kWrongUsage : isWrong ? kWrongJacobian : kSolved);
+  return finish(output, !isLogWhole ? kWrongUsage : isWrong ? kWrongJacobian : kSolved);
 }
 
 }  // namespace
@@ -112,5 +81,5 @@ int main(int argc, char* argv[]) {
     complain(std::string(kName) + fault.what());
     return kWrongUsage;
   }
-  return command.answer.empty() ? run(command) : printed(command.answer, kSolved);
+  return command.answer.empty() ? run(command) : finish(command.answer, kSolved);
 }

@@ -1,21 +1,19 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "number_text.h"
+#include "cli/number_text.h"
 
 #include <charconv>
 #include <cmath>
 #include <limits>
 
+#include "number/read_number.h"
+
 namespace nordika {
 
 std::optional<double> readNumber(std::string_view text) {
-  if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
-  double value = 0;
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, value);
-  if (error != std::errc() || stop != end || !std::isfinite(value)) return std::nullopt;
-  return value;
+  const std::optional<double> value = detail::extractNumber(text);
+  return text.empty() ? value : std::nullopt;
 }
 
 std::string shownNumber(double x) {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "output.h"
+#include "cli/output.h"
 
 #include <algorithm>
 #include <csignal>

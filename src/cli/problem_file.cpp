@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-#include "problem_file.h"
+#include "cli/problem_file.h"
 
 #include <set>
 #include <sstream>

@@ -12,8 +12,8 @@ inline constexpr char kErrorTitle[] = "Ошибка";
 inline constexpr char kHelpTitle[] = "Справка";
 
 /// The texts of a failed calculation: in the run log after "Error: ", and in the
-/// box. A text that ends in a colon is followed by a detail: the name of the
-/// variable in both, the limit in the box.
+/// box. A text that ends in a colon is followed by a detail: the variable's name (log
+/// and box) or the limit (box only).
 struct Failure {
   const char* logged;
   const char* shown;
