@@ -14,14 +14,14 @@
 #include <utility>
 #include <vector>
 
-#include "expression/builtin_functions.h"
+#include "expression/builtins.h"
 #include "nordika/functions.h"
 #include "outcome.h"
 
 namespace {
 
 using nordika::detail::BuiltinFunction;
-using nordika::detail::kBuiltinFunctions;
+using nordika::detail::kFunctions;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
@@ -137,7 +137,7 @@ Sample randomSample(std::mt19937& random, int depth) {
   if (depth == 0) return randomLeaf(random);
   switch (random() % 6) {
     case 0: {
-      const BuiltinFunction builtin = kBuiltinFunctions[random() % std::size(kBuiltinFunctions)];
+      const BuiltinFunction builtin = kFunctions[random() % std::size(kFunctions)];
       const Sample x = operand(kAtomLevel + 1);
       return {std::string(builtin.name) + x.text, kAtomLevel,
               [=](const Values& values) { return builtin.compute(x.value(values)); }};
@@ -193,7 +193,7 @@ TEST(Function, HasTheValueOfItsText) {
 
 TEST(Expression, AppliesEachOperatorAndFunction) {
   const Expression e("0");
-  for (const auto& [name, compute] : kBuiltinFunctions)
+  for (const auto& [name, compute] : kFunctions)
     EXPECT_EQ(e.apply_function(std::string(name), 0.3), compute(0.3)) << name;
   for (const auto& [name, level, compute] : kOperators) {
     EXPECT_EQ(e.apply_binary(name, 5, 3), compute(5, 3)) << name;

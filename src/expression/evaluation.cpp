@@ -3,26 +3,16 @@
 
 #include <cmath>
 #include <cstddef>
-#include <iterator>
 #include <string>
 #include <vector>
 
-#include "expression/builtin_functions.h"
-#include "expression/operators.h"
+#include "expression/builtins.h"
 #include "expression/program.h"
 #include "nordika/expression.h"
 #include "number/finite.h"
 #include "number/six_digits.h"
 
-using nordika::detail::BuiltinFunction;
-using nordika::detail::findFunction;
-using nordika::detail::findOperator;
-using nordika::detail::isFinite;
-using nordika::detail::kBuiltinFunctions;
-using nordika::detail::kOperators;
-using nordika::detail::Operator;
-using nordika::detail::Places;
-using nordika::detail::Program;
+using nordika::detail::findRow;
 using nordika::detail::roundToSixDigits;
 
 namespace {
@@ -35,8 +25,8 @@ double checked(double value) {
 }  // namespace
 
 double Expression::calculate(const std::vector<token>& sequence) const {
-  const Program once(sequence);
-  const Places places = once.locate(variables);
+  const nordika::detail::Program once(sequence);
+  const nordika::detail::Places places = once.locate(variables);
   std::vector<double> stack(once.stackSize());
   return checked(once.run(places.data(), stack.data()));
 }
@@ -53,19 +43,19 @@ double Expression::apply_unary(const std::string& op, double x) const {
 }
 
 double Expression::apply_binary(const std::string& op, double a, double b) const {
-  const Operator* const known = findOperator(op);
-  if (known == std::end(kOperators)) throw ExpressionWrongFormat();
+  const auto* const known = findRow(nordika::detail::kOperators, op);
+  if (known == nullptr) throw ExpressionWrongFormat();
   return known->compute(a, b);
 }
 
 double Expression::apply_function(const std::string& name, double x) const {
-  const BuiltinFunction* const builtin = findFunction(name);
-  if (builtin == std::end(kBuiltinFunctions)) throw ExpressionWrongFormat();
-  return builtin->compute(x);
+  const auto* const known = findRow(nordika::detail::kFunctions, name);
+  if (known == nullptr) throw ExpressionWrongFormat();
+  return known->compute(x);
 }
 
 double Expression::evaluateAt(const std::vector<double>& x) {
-  if (!isFinite(x)) throw ExpressionBadResult();
+  if (!nordika::detail::isFinite(x)) throw ExpressionBadResult();
   double* const* argument = bindArguments(x);
   for (const double value : x)
     **argument++ = roundToSixDigits(value);

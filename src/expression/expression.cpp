@@ -3,18 +3,22 @@
 
 #include "nordika/expression.h"
 
+#include <cstddef>
 #include <memory>
 #include <utility>
 
-#include "expression/builtin_functions.h"
-#include "expression/operators.h"
+#include "expression/builtins.h"
 #include "expression/program.h"
 
-using nordika::detail::kBuiltinConstants;
-using nordika::detail::kBuiltinFunctions;
-using nordika::detail::kOperators;
-
 namespace {
+
+template <typename Row, std::size_t size>
+std::set<std::string> namesIn(const Row (&table)[size]) {
+  std::set<std::string> names;
+  for (const Row& row : table)
+    names.emplace(row.name);
+  return names;
+}
 
 // A whole set is copied without comparisons.
 void fill(std::set<std::string>& names, const std::set<std::string>& more) {
@@ -39,20 +43,10 @@ Expression::Expression(const std::string& text) {
 }
 
 void Expression::initialize() {
-  static const auto functionNames = [] {
-    std::set<std::string> names;
-    for (const auto& builtin : kBuiltinFunctions)
-      names.emplace(builtin.name);
-    return names;
-  }();
-  static const auto signs = [] {
-    std::set<std::string> names;
-    for (const auto& op : kOperators)
-      names.emplace(op.sign);
-    return names;
-  }();
+  static const std::set<std::string> functionNames = namesIn(nordika::detail::kFunctions);
+  static const std::set<std::string> signs = namesIn(nordika::detail::kOperators);
   fill(functions, functionNames);
   fill(operators, signs);
-  for (const auto& constant : kBuiltinConstants)
-    variables[std::string(constant.name)] = constant.value;
+  for (const auto& [name, value] : nordika::detail::kConstants)
+    variables[std::string(name)] = value;
 }

@@ -7,8 +7,7 @@
 #include <iterator>
 #include <utility>
 
-#include "expression/builtin_functions.h"
-#include "expression/operators.h"
+#include "expression/builtins.h"
 #include "number/read_number.h"
 
 namespace nordika::detail {
@@ -73,8 +72,8 @@ bool Program::applyUnary(const std::string& op) {
 }
 
 bool Program::applyBinary(const std::string& op) {
-  const Operator* const known = findOperator(op);
-  if (depth < 2 || known == std::end(kOperators)) return false;
+  const Operator* const known = findRow(kOperators, op);
+  if (depth < 2 || known == nullptr) return false;
   const auto onStack = static_cast<int>(Code::add) + 2 * static_cast<int>(known - kOperators);
   --depth;
   Instruction& last = instructions.back();
@@ -87,10 +86,9 @@ bool Program::applyBinary(const std::string& op) {
 }
 
 bool Program::call(const std::string& name) {
-  const BuiltinFunction* const function = findFunction(name);
-  if (depth < 1 || function == std::end(kBuiltinFunctions)) return false;
-  instructions.push_back(
-      {Code::call, static_cast<std::uint32_t>(function - std::begin(kBuiltinFunctions))});
+  const BuiltinFunction* const known = findRow(kFunctions, name);
+  if (depth < 1 || known == nullptr) return false;
+  instructions.push_back({Code::call, static_cast<std::uint32_t>(known - kFunctions)});
   return true;
 }
 
@@ -119,16 +117,17 @@ Places Program::locate(const ValueMap& variables) const {
 // NOLINTNEXTLINE(bugprone-macro-parentheses): a statement
 #define NEXT() goto* kLabels[static_cast<int>((++at)->code)]
 // The two instructions of an operator.
-#define OPERATOR(name, text)                                                                \
-  static_assert(rowOf(Code::name).sign == text && rowOf(Code::name##Operand).sign == text); \
-  name:                                                                                     \
-  top = rowOf(Code::name).compute(*--stack, top);                                           \
-  NEXT();                                                                                   \
-  name##Operand : top = rowOf(Code::name).compute(top, *places[at->index]);                 \
+// clang-format off
+#define OPERATOR(label, sign)                                                                 \
+  static_assert(rowOf(Code::label).name == sign && rowOf(Code::label##Operand).name == sign); \
+  label:                                                                                      \
+  top = rowOf(Code::label).compute(*--stack, top);                                            \
+  NEXT();                                                                                     \
+  label##Operand:                                                                             \
+  top = rowOf(Code::label).compute(top, *places[at->index]);                                  \
   NEXT()
 
 double Program::run(const double* const* places, double* stack) const {
-  // clang-format off
   static const void* const kLabels[] = {
       &&end, &&load, &&call, &&negate,
       &&add, &&addOperand, &&subtract, &&subtractOperand, &&multiply, &&multiplyOperand,
@@ -148,7 +147,7 @@ load:
   top = *places[at->index];
   NEXT();
 call:
-  top = kBuiltinFunctions[at->index].compute(top);
+  top = kFunctions[at->index].compute(top);
   NEXT();
 negate:
   top = -top;

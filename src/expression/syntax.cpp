@@ -2,17 +2,13 @@
 // SPDX-License-Identifier: MIT
 
 #include <cstddef>
-#include <iterator>
 #include <string_view>
 
-#include "expression/operators.h"
+#include "expression/builtins.h"
 #include "nordika/expression.h"
 
-using nordika::detail::findOperator;
-using nordika::detail::kFunctionPrecedence;
+using nordika::detail::findRow;
 using nordika::detail::kOperators;
-using nordika::detail::kUnaryPrecedence;
-using nordika::detail::Operator;
 
 namespace {
 
@@ -71,10 +67,10 @@ bool isBalanced(const std::vector<Token>& tokens) {
 
 int Expression::priority(const token& t) const {
   if (t.text == "(") return 0;
-  if (t.type == function) return kFunctionPrecedence;
-  if (t.type == unary_operator) return kUnaryPrecedence;
-  const Operator* const op = findOperator(std::string_view(t.text).substr(0, 1));
-  if (op == std::end(kOperators)) throw ExpressionWrongFormat();
+  if (t.type == function) return nordika::detail::kFunctionPrecedence;
+  if (t.type == unary_operator) return nordika::detail::kUnaryPrecedence;
+  const auto* const op = findRow(kOperators, std::string_view(t.text).substr(0, 1));
+  if (op == nullptr) throw ExpressionWrongFormat();
   return op->precedence;
 }
 
@@ -122,9 +118,8 @@ void Expression::convert_expression(std::vector<token>& tokens, std::vector<toke
         break;
       case binary_operator: {
         // From the right: an equal operator before this one stays.
-        const Operator* const op = findOperator(t.text);
-        const bool fromRight = op != std::end(kOperators) && op->isRightAssociative;
-        const int least = priority(t) + (fromRight ? 1 : 0);
+        const auto* const op = findRow(kOperators, t.text);
+        const int least = priority(t) + (op != nullptr && op->isRightAssociative ? 1 : 0);
         while (!stack.empty() && priority(*stack.back()) >= least)
           popTop();
         stack.push_back(&t);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <algorithm>
+#include <bitset>
 #include <optional>
 #include <string_view>
 
@@ -55,14 +56,18 @@ Expression::token_t Expression::get_type(const token& t) const {
 void Expression::split(const std::string& text, std::vector<token>& out) {
   initialize();
   const std::string source(text.begin(), text.end());  // `text` may be part of `out`
-  std::string delimiters(kBlanksAndParentheses);
+  std::bitset<256> delimiters;
+  for (const char c : kBlanksAndParentheses)
+    delimiters.set(static_cast<unsigned char>(c));
   for (const std::string& name : operators) {
-    if (name.size() == 1) delimiters += name;
+    if (name.size() == 1) delimiters.set(static_cast<unsigned char>(name[0]));
   }
+  const auto delimits = [&](char c) { return delimiters[static_cast<unsigned char>(c)]; };
   std::string_view rest = source;
   while (!rest.empty()) {
     const char c = rest.front();
-    const std::size_t length = std::min(rest.find_first_of(delimiters), rest.size());
+    const auto length =
+        static_cast<std::size_t>(std::find_if(rest.begin(), rest.end(), delimits) - rest.begin());
     if (length > 0 && isDigit(c)) {
       const std::optional<double> value = nordika::detail::extractNumber(rest);
       if (!value) throw ExpressionWrongFormat();
