@@ -14,7 +14,7 @@
 namespace nordika {
 
 /// The number of iterations that the iterative methods for linear systems and
-/// for eigenvalues compute at most; on purpose one more than the nonlinear methods.
+/// for eigenvalues compute at most. This is intentionally one more than kMaxIterations.
 /// The accuracy is tested before the limit, so the last one may still succeed.
 inline constexpr int kMaxLinearIterations = 100001;
 
@@ -274,10 +274,9 @@ void QRdecomposition(const Matrix& A, Matrix& Q, Matrix& R);
 /// error stream.
 ///
 /// Two rows with an element above 1e-8 below their diagonal are a block with a
-/// pair of roots; every other diagonal element is a real root. A run ends, not
-/// before the second iteration, when eps exceeds both the Euclidean length of
-/// what stands below the real roots and the largest change of a root in a
-/// block.
+/// pair of roots; every other diagonal element is a real root. From the second
+/// iteration on, the run ends when both are below eps: the Euclidean norm of the
+/// elements below the real roots, and the largest change of a complex root.
 /// @param roots the n eigenvalues in the order of the diagonal, written on
 ///   success alone
 /// @param iters the number of iterations done, written on success alone
@@ -295,8 +294,8 @@ void getEigenvaluesWithQR(const Matrix& A, const double& eps,
 /// @param eigenvectors n × n, may be A itself; column i belongs to eigenvalue
 ///   i. Untouched for a matrix that is not symmetrical; at the limit the
 ///   product of the rotations so far
-/// @param iters the number of rotations, written on success alone; one more
-///   than that where no pivot is left, as for n = 0 and n = 1
+/// @param iters the number of iterations, written only on success. The last one
+///   makes no rotation if no pivot is left (n = 0, n = 1).
 /// @throws MatrixIsNotSymmetrical after the start line; see
 ///   Matrix::isSymmetrical() for the tolerance
 /// @throws MaxItersCountAchieved when rotation 100001 still misses eps

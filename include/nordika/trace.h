@@ -20,7 +20,7 @@ namespace nordika {
 /// error stream stays there.
 ///
 /// Redirections nest: the innermost one gets the text. They may end in any order,
-/// but each must end in the thread that made it, and not in its own function.
+/// but each must end in the thread that made it, and not while its own destination runs.
 class TraceRedirect {
  public:
   /// Redirects the trace to `destination`, which gets the lines between two
@@ -100,7 +100,7 @@ class Trace {
  private:
   static TraceRedirect* currentRedirect();
 
-  // Only tested between two flushes: a block of lines is whole or absent.
+  // A block that has begun is always finished, so that it is whole or absent.
   bool ignores() const { return pending == 0 && isDiscarded(); }
 
   char* roomFor(std::size_t characters);

@@ -29,16 +29,29 @@ Option optionFor(const QWidget& widget) {
   return option;
 }
 
+// Sets the margins from which the letters begin.
+void setMargins(QWidget& widget) {
+  widget.ensurePolished();  // styles change margins
+  if (auto* label = qobject_cast<QLabel*>(&widget)) {
+    // Otherwise a line higher than the label begins at its top, or is cut off there.
+    label->setMargin(-kOverlap);
+    label->setContentsMargins(kOverlap, 0, 0, 0);
+  }
+  // Some styles leave no room between theirs.
+  if (qobject_cast<QAbstractSpinBox*>(&widget) != nullptr)
+    widget.findChild<QLineEdit*>()->setTextMargins(0, 0, 0, 0);
+}
+
 // The width for the advances of the text. Letters may reach one pixel beyond theirs.
-int roomIn(QWidget& widget) {
+int roomIn(const QWidget& widget) {
   const QStyle& style = *widget.style();
   const auto button = optionFor<QStyleOptionButton>(widget);
-  if (qobject_cast<QLabel*>(&widget) != nullptr) return widget.width() - 1;
-  if (qobject_cast<QPushButton*>(&widget) != nullptr)
+  if (qobject_cast<const QLabel*>(&widget) != nullptr) return widget.width() - 1;
+  if (qobject_cast<const QPushButton*>(&widget) != nullptr)
     return style.subElementRect(QStyle::SE_PushButtonContents, &button, &widget).width() - 1;
-  if (qobject_cast<QRadioButton*>(&widget) != nullptr)
+  if (qobject_cast<const QRadioButton*>(&widget) != nullptr)
     return style.subElementRect(QStyle::SE_RadioButtonContents, &button, &widget).width() - 1;
-  auto* edit = qobject_cast<QLineEdit*>(&widget);
+  const auto* edit = qobject_cast<const QLineEdit*>(&widget);
   auto frame = optionFor<QStyleOptionFrame>(widget);
   if (edit != nullptr) {
     frame.lineWidth = style.pixelMetric(QStyle::PM_DefaultFrameWidth, &frame, edit);
@@ -48,7 +61,6 @@ int roomIn(QWidget& widget) {
     frame.rect =
         style.subControlRect(QStyle::CC_SpinBox, &box, QStyle::SC_SpinBoxEditField, &widget);
     edit = widget.findChild<QLineEdit*>();
-    edit->setTextMargins(0, 0, 0, 0);  // some styles leave no room between theirs
   }
   const QMargins margins = edit->textMargins();
   const int contents = style.subElementRect(QStyle::SE_LineEditContents, &frame, edit).width();
@@ -66,8 +78,8 @@ bool fits(const QWidget& widget, const QString& text, int room) {
   return label != nullptr && label->sizeHint().width() + kOverlap <= label->width();
 }
 
-// How far the letters have to move up to be seen whole, from where they stand if their
-// line is in the middle. A line may be higher than the widget; the letters are lower.
+// The pixels by which a vertically centred line must move up so that no letter is cut off
+// below. The line may be higher than the widget, the letters are not.
 int riseOf(const QWidget& widget, const QString& text) {
   if (QFontMetrics(widget.font()).height() <= widget.height()) return 0;
   QTextLayout layout(text, widget.font());
@@ -95,6 +107,34 @@ class Raised : public QProxyStyle {
   int rise;
 };
 
+// Finds the widest stretch at which all texts fit.
+void narrow(QWidget& widget, const QStringList& texts) {
+  const int room = roomIn(widget);
+  const auto fit = [&](int stretch) {
+    QFont font = widget.font();
+    font.setStretch(stretch);
+    widget.setFont(font);
+    return std::all_of(texts.begin(), texts.end(),
+                       [&](const QString& text) { return fits(widget, text, room); });
+  };
+  if (fit(QFont::AnyStretch)) return;
+  int least = 1;
+  for (int tooWide = 100; tooWide - least > 1;) {
+    const int middle = (least + tooWide) / 2;
+    (fit(middle) ? least : tooWide) = middle;
+  }
+  fit(least);
+}
+
+void raise(QWidget& widget, const QString& text) {
+  if (auto* label = qobject_cast<QLabel*>(&widget)) {
+    label->setContentsMargins(kOverlap, 0, 0, 2 * riseOf(widget, text));
+    label->update();  // a label itself leaves its margins as they are
+  } else if (qobject_cast<QRadioButton*>(&widget) != nullptr && riseOf(widget, text) > 0) {
+    widget.setStyle(new Raised(widget, riseOf(widget, text)));
+  }
+}
+
 }  // namespace
 
 QFont inNarrowFamily(const QFont& font) {
@@ -107,37 +147,9 @@ QFont inNarrowFamily(const QFont& font) {
 }
 
 void fitLetters(QWidget& widget, const QStringList& texts) {
-  widget.ensurePolished();  // styles change margins
-  auto* label = qobject_cast<QLabel*>(&widget);
-  // Otherwise a line higher than the label begins at its top, or is cut off there.
-  if (label != nullptr) {
-    label->setMargin(-kOverlap);
-    label->setContentsMargins(kOverlap, 0, 0, 0);
-  }
-  const int room = roomIn(widget);
-  const auto fit = [&](int stretch) {
-    QFont font = widget.font();
-    font.setStretch(stretch);
-    widget.setFont(font);
-    return std::all_of(texts.begin(), texts.end(),
-                       [&](const QString& text) { return fits(widget, text, room); });
-  };
-  if (!fit(QFont::AnyStretch)) {
-    int least = 1;
-    for (int tooWide = 100; tooWide - least > 1;) {
-      const int middle = (least + tooWide) / 2;
-      (fit(middle) ? least : tooWide) = middle;
-    }
-    fit(least);
-  }
-  const bool isRadio = qobject_cast<QRadioButton*>(&widget) != nullptr;
-  const int rise = label != nullptr || isRadio ? riseOf(widget, texts.first()) : 0;
-  if (label != nullptr) {
-    label->setContentsMargins(kOverlap, 0, 0, 2 * rise);
-    label->update();  // a label itself leaves its margins as they are
-  } else if (rise > 0) {
-    widget.setStyle(new Raised(widget, rise));
-  }
+  setMargins(widget);
+  narrow(widget, texts);
+  raise(widget, texts.first());
 }
 
 }  // namespace nordika

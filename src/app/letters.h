@@ -20,7 +20,7 @@ QFont inNarrowFamily(const QFont& font);
 /// they are. A label that is lower than its letters with their line is moved up into
 /// the blank above the letters.
 /// @param widget a label, button, spin box or line edit, of a fixed geometry
-/// @param texts what the widget shows; of a label, its text
+/// @param texts all texts that the widget may show (a label: its text)
 void fitLetters(QWidget& widget, const QStringList& texts);
 
 }  // namespace nordika

@@ -12,20 +12,13 @@ namespace nordika {
 
 /// The widgets that belong to one equation and its unknown.
 struct Row {
-  /// The label in front of the equation.
-  QLabel* before;
-  /// The text of the equation.
-  QLineEdit* equation;
-  /// The label behind the equation.
-  QLabel* after;
-  /// The label of the initial value.
-  QLabel* initLabel;
-  /// The initial value.
-  QDoubleSpinBox* init;
-  /// The label of the result.
-  QLabel* resultLabel;
-  /// The result.
-  QLineEdit* result;
+  QLabel* before;        ///< the label in front of the equation
+  QLineEdit* equation;   ///< the text of the equation
+  QLabel* after;         ///< the label behind the equation
+  QLabel* initLabel;     ///< the label of the initial value
+  QDoubleSpinBox* init;  ///< the initial value
+  QLabel* resultLabel;   ///< the label of the result
+  QLineEdit* result;     ///< the result
 
   /// Shows or hides all of them.
   void setVisible(bool visible) const {

@@ -111,6 +111,7 @@ void Widget::refresh() {
   for (const Row& row : rowsOf(*ui)) {
     ++k;
     row.setVisible(k <= n);
+    if (k > n) continue;
     const QString digit = QString::number(k);
     setText(*row.before, method != 0 ? "f" : "φ", digit, "(x) = ");
     if (method != 0)

@@ -21,14 +21,10 @@ class WrongUsage : public std::runtime_error {
 /// What the user asks for. If `answer` is empty, a calculation of a problem of n > 0
 /// equations whose texts and numbers are as many as Problem says; eps > 0.
 struct Command {
-  /// The text of --help or --version, which asks for nothing more.
-  std::string answer;
-  /// Check the Jacobi matrix instead of solving.
-  bool checksJacobian = false;
-  /// The problem.
-  Problem problem;
-  /// The file for the trace; without one it goes to the standard error stream.
-  std::optional<std::string> log;
+  std::string answer;              ///< the text of --help or --version
+  bool checksJacobian = false;     ///< check the Jacobi matrix instead of solving
+  Problem problem;                 ///< what is to be solved or checked
+  std::optional<std::string> log;  ///< the file for the trace, if not the error stream
 };
 
 /// Reads the command line, and the problem file that it names.

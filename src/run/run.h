@@ -15,18 +15,12 @@ namespace nordika {
 
 /// A problem as its user gives it: the texts and numbers of n equations.
 struct Problem {
-  /// Newton's method instead of simple iterations.
-  bool isNewton = false;
-  /// The accuracy.
-  double eps = 0;
-  /// The parameter of the functions.
-  double a = 0;
-  /// The contraction constant, 1e-8 < q < 1 - 1e-8; only for simple iterations.
-  double q = 0;
-  /// The texts of the n functions.
-  std::vector<std::string> functions;
-  /// The initial approximation, of length n.
-  std::vector<double> start;
+  bool isNewton = false;               ///< Newton's method instead of simple iterations
+  double eps = 0;                      ///< the accuracy
+  double a = 0;                        ///< the parameter of the functions
+  double q = 0;                        ///< 1e-8 < q < 1 - 1e-8; only for simple iterations
+  std::vector<std::string> functions;  ///< the texts of the n functions
+  std::vector<double> start;           ///< the initial approximation, of length n
   /// The n × n texts of the Jacobi matrix, row by row; only for Newton's method. A cell
   /// without a text makes the run fail when it is reached.
   std::vector<std::optional<std::string>> jacobian;
@@ -34,10 +28,8 @@ struct Problem {
 
 /// The functions of a problem, compiled.
 struct System {
-  /// The n functions.
-  std::vector<Function> functions;
-  /// The n × n elements of the Jacobi matrix; empty for simple iterations.
-  std::vector<std::vector<Function>> jacobian;
+  std::vector<Function> functions;              ///< n functions
+  std::vector<std::vector<Function>> jacobian;  ///< n × n; empty for simple iterations
 };
 
 /// Where a text stands: function `row`, or element (`row`, `column`) of the Jacobi matrix,
@@ -50,20 +42,15 @@ struct TextPlace {
 
 /// Why a run failed.
 struct Failure {
-  /// The text for the user.
-  std::string message;
-  /// The text to blame, if there is one: the first malformed one.
-  std::optional<TextPlace> place;
+  std::string message;             ///< the text for the user
+  std::optional<TextPlace> place;  ///< the text to blame, if there is one: a malformed one
 };
 
 /// How a run ended.
 struct Outcome {
-  /// The solution, of length n; empty after a failure.
-  std::vector<double> solution;
-  /// The number of iterations.
-  int iterations = 0;
-  /// Why there is no solution.
-  std::optional<Failure> failure;
+  std::vector<double> solution;    ///< of length n; empty after a failure
+  int iterations = 0;              ///< their number; 0 after a failure
+  std::optional<Failure> failure;  ///< why there is no solution
 };
 
 /// The value of the parameter a as an assignment text, "a = 0.4"; six digits.
