@@ -249,8 +249,8 @@ TEST_F(WindowTest, RunsGoToTheEndOfALogThatOthersChange) {
 
 TEST(RunLogTest, IsNamedAfterTheLocalTime) {
   setenv("TZ", "MSK-3", 1);
-  EXPECT_STREQ(runLogName(1794749152).data(), "log-Sun-Nov-15-16-25-52-2026.txt");
-  EXPECT_STREQ(runLogName(1764569100).data(), "log-Mon-Dec--1-09-05-00-2025.txt");
+  EXPECT_EQ(runLogName(1794749152), "log-Sun-Nov-15-16-25-52-2026.txt");
+  EXPECT_EQ(runLogName(1764569100), "log-Mon-Dec--1-09-05-00-2025.txt");
 }
 
 // The standard error stream of the child process stands for the terminal.
@@ -261,7 +261,7 @@ TEST(RunLogDeathTest, ALogIsStartedAfreshAndTheToolkitStillSpeaksToTheTerminal) 
     if (!file.open(QIODevice::ReadWrite) || file.write("an old line of the log\n") < 0) return 2;
     file.flush();
     for (int windows = 0; windows < 2; ++windows)
-      if (!openRunLog(qPrintable(file.fileName()))) return 3;
+      if (!openRunLog(file.fileName().toStdString())) return 3;
     QMessageLogger().warning(QLoggingCategory("bus"), "a word of the toolkit's");
     std::fputs("a line\n", stderr);
     return file.seek(0) && file.readAll() == "a line\n" ? 0 : 4;

@@ -16,7 +16,9 @@ class DecimalBox : public QDoubleSpinBox {
   using QDoubleSpinBox::QDoubleSpinBox;
 
   /// Replaces the commas in the text, then judges it as the base class does.
-  QValidator::State validate(QString& input, int& pos) const override;
+  QValidator::State validate(QString& input, int& pos) const override {
+    return QDoubleSpinBox::validate(input.replace(',', '.'), pos);
+  }
 };
 
 }  // namespace nordika

@@ -27,24 +27,22 @@ void writeToTerminal(QtMsgType type, const QMessageLogContext& context, const QS
 
 }  // namespace
 
-RunLogName runLogName(std::time_t start) {
+std::string runLogName(std::time_t start) {
   std::string moment = std::ctime(&start);
   moment.pop_back();
   std::replace_if(
       moment.begin(), moment.end(), [](char c) { return c == ':' || c == ' '; }, '-');
-  RunLogName name{};
-  std::snprintf(name.data(), name.size(), "log-%s.txt", moment.c_str());
-  return name;
+  return "log-" + moment + ".txt";
 }
 
-bool openRunLog(const char* name) {
+bool openRunLog(const std::string& name) {
   opened = name;
   // Otherwise reaching RLIMIT_FSIZE kills the process instead of failing the write.
   std::signal(SIGXFSZ, SIG_IGN);
   // A second window finds the stream redirected already.
   if (terminal < 0) terminal = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
   qInstallMessageHandler(writeToTerminal);
-  if (std::freopen(name, "w", stderr) != nullptr) {
+  if (std::freopen(name.c_str(), "w", stderr) != nullptr) {
     std::setbuf(stderr, nullptr);  // as it was: a file makes it buffered
     // Whoever else writes to the file, or empties it, no line lands inside another.
     fcntl(fileno(stderr), F_SETFL, O_APPEND);

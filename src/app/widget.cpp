@@ -66,10 +66,10 @@ Widget::Widget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui_Widget
 Widget::~Widget() = default;
 
 void Widget::setFiles() {
-  const nordika::RunLogName name = nordika::runLogName(std::time(nullptr));
-  if (nordika::openRunLog(name.data())) return;
+  const std::string name = nordika::runLogName(std::time(nullptr));
+  if (nordika::openRunLog(name)) return;
   QMessageBox::information(nullptr, messages::kErrorTitle,
-                           QString(messages::kLogNotOpened).arg(QString::fromLatin1(name.data())),
+                           QString(messages::kLogNotOpened).arg(QString::fromStdString(name)),
                            QMessageBox::Ok);
   std::exit(EXIT_FAILURE);
 }

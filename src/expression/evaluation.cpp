@@ -9,7 +9,6 @@
 #include "expression/builtins.h"
 #include "expression/program.h"
 #include "nordika/expression.h"
-#include "number/finite.h"
 #include "number/six_digits.h"
 
 using nordika::detail::findRow;
@@ -55,7 +54,8 @@ double Expression::apply_function(const std::string& name, double x) const {
 }
 
 double Expression::evaluateAt(const std::vector<double>& x) {
-  if (!nordika::detail::isFinite(x)) throw ExpressionBadResult();
+  for (const double value : x)
+    checked(value);
   double* const* argument = bindArguments(x);
   for (const double value : x)
     **argument++ = roundToSixDigits(value);

@@ -3,16 +3,18 @@
 
 #include "expression/point.h"
 
-#include "number/finite.h"
+#include <cmath>
+
 #include "number/six_digits.h"
 
 namespace nordika::detail {
 
 void Point::assign(const std::vector<double>& x) {
-  if (!isFinite(x)) throw ExpressionBadResult();
   arguments.clear();
-  for (const double value : x)
+  for (const double value : x) {
+    if (!std::isfinite(value)) throw ExpressionBadResult();
     arguments.push_back(roundToSixDigits(value));
+  }
 }
 
 double Point::valueOf(Expression& f) const {
