@@ -12,6 +12,8 @@
 #include <string_view>
 #include <vector>
 
+#include "nordika/detail/scoped_function.h"
+
 namespace nordika {
 
 /// While it lives, gets all that the solvers and matrix routines of its thread
@@ -21,6 +23,9 @@ namespace nordika {
 ///
 /// Redirections nest: the innermost one gets the text. They may end in any order,
 /// but each must end in the thread that made it, and not while its own destination runs.
+///
+/// A shared object that links the library has a copy of its own. A redirection gets
+/// the text of its own copy alone.
 class TraceRedirect {
  public:
   /// Redirects the trace to `destination`, which gets the lines between two
@@ -31,7 +36,7 @@ class TraceRedirect {
   /// the text of that solver goes to the next outer redirection or to the standard
   /// error stream. An exception of `destination` ends there; the text of that call
   /// counts as lost, see Trace::takeLoss().
-  explicit TraceRedirect(std::function<void(std::string_view)> destination);
+  [[nodiscard]] explicit TraceRedirect(std::function<void(std::string_view)> destination);
   /// Not copyable: it belongs to a scope.
   TraceRedirect(const TraceRedirect&) = delete;
   /// @copydoc TraceRedirect(const TraceRedirect&)
@@ -40,11 +45,7 @@ class TraceRedirect {
   ~TraceRedirect();
 
  private:
-  friend class Trace;
-
-  std::function<void(std::string_view)> write;
-  TraceRedirect* outer;
-  bool isSuspended = false;
+  detail::ScopedFunction<void(std::string_view)> function;
 };
 
 /// Gathers lines of the run log in memory and writes them to the standard error
@@ -78,8 +79,7 @@ class Trace {
 
   /// Appends a line of n elements of a matrix, each as "%<width>.<decimals>f "
   /// prints it, the blank included.
-  /// @param width at most 16
-  /// @param decimals 1 to 6
+  /// @pre n >= 0, 0 <= width <= 16, 1 <= decimals <= 6; asserted in every build
   Trace& row(const double* elements, int n, int width, int decimals);
 
   /// Writes the gathered lines. In the standard error stream they follow the text
@@ -98,8 +98,6 @@ class Trace {
   static bool takeLoss();
 
  private:
-  static TraceRedirect* currentRedirect();
-
   // A block that has begun is always finished, so that it is whole or absent.
   bool ignores() const { return pending == 0 && isDiscarded(); }
 

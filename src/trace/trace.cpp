@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cassert>
 #include <charconv>
 #include <cstdio>
 #include <limits>
@@ -13,18 +14,19 @@
 
 #include "number/fixed_decimals.h"
 #include "number/six_digits.h"
+#include "trace/scoped_function.h"
 #include "trace/write_all.h"
 
 namespace nordika {
 
 namespace {
 
-// State of the standard error stream, shared by all writers.
-std::atomic<bool> hasLost = false;
-std::atomic<bool> endsInsideLine = false;
+using Destination = detail::ScopedFunction<void(std::string_view)>;
 
-// The innermost redirection of this thread.
-thread_local TraceRedirect* innermost = nullptr;
+// State of the standard error stream, shared by all writers. The first one is a whole
+// word: GCC 12 for riscv64 cannot exchange a byte without another library.
+std::atomic<int> hasLost = 0;
+std::atomic<bool> endsInsideLine = false;
 
 // Returns the number of bytes written.
 std::size_t writeAll(std::string_view bytes) {
@@ -39,7 +41,7 @@ void writeToStandardError(std::string_view text) {
   if (endsInsideLine && writeAll("\n") == 1) endsInsideLine = false;
   const std::size_t written = endsInsideLine ? 0 : writeAll(text);
   if (written == text.size()) return;
-  hasLost = true;
+  hasLost = 1;
   if (written > 0) endsInsideLine = text[written - 1] != '\n';
 }
 
@@ -48,16 +50,9 @@ constexpr std::size_t kCellLength = detail::kFixedLength + 1;
 }  // namespace
 
 TraceRedirect::TraceRedirect(std::function<void(std::string_view)> destination)
-    : write(std::move(destination)), outer(innermost) {
-  innermost = this;
-}
+    : function(std::move(destination)) {}
 
-TraceRedirect::~TraceRedirect() {
-  TraceRedirect** link = &innermost;
-  while (*link != this)
-    link = &(*link)->outer;
-  *link = outer;
-}
+TraceRedirect::~TraceRedirect() = default;
 
 Trace::Trace() {
   if (!ignores()) room.resize(4096);  // twice the largest block of lines of a window's run
@@ -91,6 +86,7 @@ Trace& Trace::operator<<(double number) {
 }
 
 Trace& Trace::row(const double* elements, int n, int width, int decimals) {
+  assert(n >= 0 && 0 <= width && width <= 16 && 1 <= decimals && decimals <= 6);
   if (ignores()) return *this;
   char* end = roomFor(static_cast<std::size_t>(n) * kCellLength + 1);
   for (int j = 0; j < n; ++j) {
@@ -106,34 +102,25 @@ void Trace::flush() noexcept {
   if (pending == 0) return;
   const std::string_view lines(room.data(), pending);
   pending = 0;
-  TraceRedirect* const redirect = currentRedirect();
-  if (redirect == nullptr) {
+  Destination* const destination = Destination::current();
+  if (destination == nullptr) {
     writeToStandardError(lines);
-  } else if (redirect->write) {
-    redirect->isSuspended = true;
+  } else if (!destination->isEmpty()) {
     try {
-      redirect->write(lines);
+      destination->call(lines);
     } catch (...) {
-      hasLost = true;
+      hasLost = 1;
     }
-    redirect->isSuspended = false;
   }
 }
 
-TraceRedirect* Trace::currentRedirect() {
-  TraceRedirect* redirect = innermost;
-  while (redirect != nullptr && redirect->isSuspended)
-    redirect = redirect->outer;
-  return redirect;
-}
-
 bool Trace::isDiscarded() {
-  const TraceRedirect* const redirect = currentRedirect();
-  return redirect != nullptr && !redirect->write;
+  const Destination* const destination = Destination::current();
+  return destination != nullptr && destination->isEmpty();
 }
 
 bool Trace::takeLoss() {
-  return hasLost.exchange(false);
+  return hasLost.exchange(0) != 0;
 }
 
 }  // namespace nordika
