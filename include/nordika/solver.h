@@ -17,8 +17,10 @@
 #ifndef NORDIKA_SOLVER_H
 #define NORDIKA_SOLVER_H
 
+#include <functional>
 #include <vector>
 
+#include "nordika/detail/scoped_function.h"
 #include "nordika/functions.h"
 #include "nordika/matrix.h"
 
@@ -27,6 +29,49 @@ namespace nordika {
 /// The number of iterations that both methods compute at most. The accuracy is
 /// tested before the limit, so the last one may still succeed.
 inline constexpr int kMaxIterations = 100000;
+
+/// An IterationWatch has stopped a run.
+class Stopped {};
+
+/// While it lives, sees every iteration of both nonlinear methods in its thread, and
+/// may stop the run. It changes neither results nor trace.
+/// @code
+/// const nordika::IterationWatch watch(
+///     [](int k, double estimate, const std::vector<double>& x) { return k < 50; });
+/// @endcode
+///
+/// Watches nest: the innermost one is called. They may end in any order, but each must
+/// end in the thread that made it, and not while its own function runs.
+///
+/// A shared object that links the library has a copy of its own. A watch sees the runs
+/// of its own copy alone.
+class IterationWatch {
+ public:
+  /// Watches by `function`. It gets the number k of the iteration, the estimate that is
+  /// compared with the accuracy, and the approximation x with all its digits. It is
+  /// called once for each iteration, when the lines of that iteration are written.
+  ///
+  /// The return value counts where the accuracy is not achieved: `false` ends the run
+  /// with Stopped, also in iteration kMaxIterations, where `true` leaves
+  /// MaxItersCountAchieved. An exception of `function` ends the run in any iteration and
+  /// passes through. In each case the count is not written, and the trace ends with
+  /// the lines of that iteration.
+  ///
+  /// While `function` runs, this watch is suspended: if it calls a solver, the next
+  /// outer watch sees those iterations, or none.
+  /// @pre `function` is not empty; asserted in every build
+  [[nodiscard]] explicit IterationWatch(
+      std::function<bool(int k, double estimate, const std::vector<double>& x)> function);
+  /// Not copyable: it belongs to a scope.
+  IterationWatch(const IterationWatch&) = delete;
+  /// @copydoc IterationWatch(const IterationWatch&)
+  IterationWatch& operator=(const IterationWatch&) = delete;
+  /// Ends the watch.
+  ~IterationWatch();
+
+ private:
+  detail::ScopedFunction<bool(int, double, const std::vector<double>&)> scope;
+};
 
 }  // namespace nordika
 
@@ -127,6 +172,7 @@ double vnorm(const std::vector<double>& v);
 ///   that is NaN or infinite
 /// @throws ExpressionUnknownVariable for a variable that never got a value
 /// @throws ExpressionWrongFormat as Function::operator()() does
+/// @throws nordika::Stopped where a nordika::IterationWatch ends the run
 std::vector<double> solve_nonlinear_system_simple_iters(SimpleItersProblem& problem,
                                                         const double& eps, int& iters);
 
@@ -147,6 +193,7 @@ std::vector<double> solve_nonlinear_system_simple_iters(SimpleItersProblem& prob
 /// @throws ExpressionUnknownVariable for a variable that never got a value
 /// @throws ExpressionWrongFormat as Function::operator()() does
 /// @throws MatrixWrongDimensions where a row of the Jacobi matrix is too short
+/// @throws nordika::Stopped where a nordika::IterationWatch ends the run
 std::vector<double> solve_nonlinear_system_newton(NewtonProblem& problem, const double& eps,
                                                   int& iters);
 

@@ -3,19 +3,24 @@
 
 #include "nordika/solver.h"
 
+#include <cassert>
 #include <cmath>
 #include <cstddef>
 #include <iterator>
+#include <utility>
 
 #include "expression/point.h"
 #include "matrix/lup_solver.h"
 #include "nordika/trace.h"
 #include "solver/precondition.h"
+#include "trace/scoped_function.h"
 
 using nordika::kMaxIterations;
+using nordika::Stopped;
 using nordika::Trace;
 using nordika::detail::LupSolver;
 using nordika::detail::Point;
+using nordika::detail::ScopedFunction;
 
 namespace {
 
@@ -48,7 +53,22 @@ void writeIterationResult(Trace& trace, double estimate, const std::vector<doubl
   trace.flush();
 }
 
+// Shows the iteration to the watch of this thread, if any.
+// @return whether the run may go on
+bool showIteration(int k, double estimate, const std::vector<double>& x) {
+  auto* const watch = ScopedFunction<bool(int, double, const std::vector<double>&)>::current();
+  return watch == nullptr || watch->call(k, estimate, x);
+}
+
 }  // namespace
+
+nordika::IterationWatch::IterationWatch(
+    std::function<bool(int k, double estimate, const std::vector<double>& x)> function)
+    : scope(std::move(function)) {
+  assert(!scope.isEmpty());
+}
+
+nordika::IterationWatch::~IterationWatch() = default;
 
 SimpleItersProblem::SimpleItersProblem(const std::vector<Function>& mapping,
                                        const std::vector<double>& initial,
@@ -110,6 +130,7 @@ std::vector<double> solve_nonlinear_system_simple_iters(SimpleItersProblem& prob
     }
     const double estimate = factor * vnorm(step);
     writeIterationResult(trace, estimate, x);
+    const bool mayGoOn = showIteration(k, estimate, x);
     // False for a NaN: such a run ends in a function or at the limit.
     if (eps > estimate) {
       trace << "Solve nonlinear system with simple iterations method stop (target accuracy "
@@ -117,6 +138,7 @@ std::vector<double> solve_nonlinear_system_simple_iters(SimpleItersProblem& prob
       iters = k;
       return x;
     }
+    if (!mayGoOn) throw Stopped();
     if (k == kMaxIterations) throw MaxItersCountAchieved();
   }
 }
@@ -149,11 +171,13 @@ std::vector<double> solve_nonlinear_system_newton(NewtonProblem& problem, const 
       x[i] += delta[i];
     const double estimate = vnorm(delta);
     writeIterationResult(trace, estimate, x);
+    const bool mayGoOn = showIteration(k, estimate, x);
     if (eps > estimate) {
       trace << "Solve nonlinear system with Newton method stop (target accuracy achieved).\n\n";
       iters = k;
       return x;
     }
+    if (!mayGoOn) throw Stopped();
     if (k == kMaxIterations) throw MaxItersCountAchieved();
   }
 }
