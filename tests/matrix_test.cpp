@@ -4,6 +4,8 @@
 #include "nordika/matrix.h"
 
 #include <cmath>
+#include <complex>
+#include <functional>
 #include <gtest/gtest.h>
 #include <limits>
 #include <new>
@@ -44,11 +46,65 @@ TEST(Matrix, ReportsMisuseByType) {
   EXPECT_THROW(dotProduct(three, {1}), VectorWrongDimensions);
   EXPECT_THROW(tensor_product(three, {1}), VectorWrongDimensions);
   EXPECT_EQ(printed(b), printed(a));
+  EXPECT_THROW((Matrix{{1, 2}, {3}}), MatrixWrongDimensions);
+  EXPECT_THROW((Matrix{{1, 2}}), MatrixWrongDimensions);
+}
+
+// Every operation is tried on a matrix that has lost an element of one row.
+TEST(Matrix, RefusesARowThatIsTooShort) {
+  const Matrix whole = {{4, 1}, {1, 3}};
+  const Vector v = {1, 2};
+  Matrix Q, R, L = whole;
+  int count = 0;
+  Vector values;
+  std::vector<std::complex<double>> roots;
+  const std::function<void(Matrix&)> operations[] = {
+      [&](Matrix& a) { a* v; },
+      [&](Matrix& a) { a * 2.0; },
+      [&](Matrix& a) { a* whole; },
+      [&](Matrix& a) { whole* a; },
+      [&](Matrix& a) { a + whole; },
+      [&](Matrix& a) { whole + a; },
+      [&](Matrix& a) { a - whole; },
+      [&](Matrix& a) { whole - a; },
+      [&](Matrix& a) { a.transposed(); },
+      [&](Matrix& a) { a.swapRows(0, 1); },
+      [&](Matrix& a) { a.swapColumns(0, 1); },
+      [&](Matrix& a) { a.insertColumn(1, v); },
+      [&](Matrix& a) { a.doRound(); },
+      [&](Matrix& a) { a.isTridiagonal(); },
+      [&](Matrix& a) { a.isSymmetrical(); },
+      [&](Matrix& a) { norm(a); },
+      [&](Matrix& a) { off(a); },
+      [&](Matrix& a) { LUPdecomposition(a, L, Q, R, count); },
+      [&](Matrix& a) { solveWithLUP(a, whole, whole, v); },
+      [&](Matrix& a) { solveWithLUP(whole, a, whole, v); },
+      [&](Matrix& a) { solveWithLUP(whole, whole, a, v); },
+      [&](Matrix& a) { solveWithLUP(a, v); },
+      [&](Matrix& a) { calcDeterminantWithLUP(a); },
+      [&](Matrix& a) { calcInverseMatrixWithLUP(a); },
+      [&](Matrix& a) { solveTridiagonalMatrixAlgo(a, v); },
+      [&](Matrix& a) { solveSimpleIterations(a, v, 1, count); },
+      [&](Matrix& a) { solveSiedel(a, v, 1, count); },
+      [&](Matrix& a) { QRdecomposition(a, Q, R); },
+      [&](Matrix& a) { getEigenvaluesWithQR(a, 1, roots, count); },
+      [&](Matrix& a) { getEigenvaluesWithJacobi(a, 1, values, Q, count); }};
+  for (const auto& operation : operations) {
+    const auto row = &operation - operations;
+    for (const int i : {0, 1}) {
+      Matrix a = whole;
+      a[i] = {1};
+      captureTrace([&] { EXPECT_THROW(operation(a), MatrixWrongDimensions) << row; });
+      EXPECT_EQ(a[1 - i], whole[1 - i]);
+    }
+  }
+  EXPECT_EQ(printed(L), printed(whole));
 }
 
 TEST(Matrix, ComputesElementByElement) {
   const Matrix a = matrixOf({{1, 2}, {3, 4}});
-  const Matrix b = matrixOf({{0, -1}, {5, 0.5}});
+  const Matrix b = {{0, -1}, {5, 0.5}};
+  EXPECT_EQ(printed(Matrix{2}), "0 0 \n0 0 \n");
   EXPECT_EQ(printed(a * b), "10 0 \n20 -1 \n");
   EXPECT_EQ(printed(a + b), "1 1 \n8 4.5 \n");
   EXPECT_EQ(printed(a - b), "1 3 \n-2 3.5 \n");
@@ -94,7 +150,8 @@ TEST(Matrix, SumsInIndexOrder) {
   EXPECT_EQ(dotProduct(terms, ones), 1);
   EXPECT_EQ(matrixOf({terms, ones, ones, ones}) * ones, Vector({1, 4, 4, 4}));
   EXPECT_EQ(norm2({1e8, 1, 1}), 1e16);
-  EXPECT_EQ(off(matrixOf({{}, {0}, {1, 1}, {1e8, 0, 0}})), std::sqrt(1e16 + 2));
+  EXPECT_EQ(off(Matrix{{0, 0, 0, 0}, {0, 0, 0, 0}, {1, 1, 0, 0}, {1e8, 0, 0, 0}}),
+            std::sqrt(1e16 + 2));
   const Matrix I = getIdentityMatrix(1);
   const Vector sums = {dotProduct({0}, {-1}), (I * Vector{-0.0})[0],
                        solveWithLUP(I, I, I, {-0.0})[0]};

@@ -3,12 +3,16 @@
 
 /// @file
 /// Square matrices, vectors and the methods of linear algebra.
+///
+/// Where nothing else is said, an operation on vectors takes a number of arithmetic
+/// operations of order n, and one on matrices of order n².
 
 #ifndef NORDIKA_MATRIX_H
 #define NORDIKA_MATRIX_H
 
 #include <complex>
 #include <cstddef>
+#include <initializer_list>
 #include <vector>
 
 namespace nordika {
@@ -30,8 +34,8 @@ class VectorWrongDimensions {};
 /// A row or column index lies outside 0 .. n-1.
 class MatrixIndexOutOfBound {};
 
-/// The operands have different dimensions. The sum and the difference of two
-/// vectors throw this one too.
+/// The operands have different dimensions, or a matrix has a row of another length.
+/// The sum and the difference of two vectors throw this one too.
 class MatrixWrongDimensions {};
 
 /// A column holds no pivot of magnitude at least 1e-8.
@@ -49,6 +53,10 @@ class MaxItersCountAchieved {};
 
 /// A square n × n matrix of doubles, held by rows; indices count from 0.
 /// Copies are deep.
+///
+/// A row can be assigned. If it is shorter than n afterwards, every operation and every
+/// function below throws MatrixWrongDimensions, except the access to rows and elements.
+/// Of a row that is longer, the first n elements count.
 class Matrix {
  public:
   /// The matrix of dimension 0.
@@ -57,6 +65,10 @@ class Matrix {
   /// The n × n matrix of zeros.
   /// @throws std::bad_alloc for n < 0
   explicit Matrix(int n);
+
+  /// The matrix of these rows: Matrix{{2, -1}, {-1, 2}}.
+  /// @throws MatrixWrongDimensions for a row of another length than their number
+  Matrix(std::initializer_list<std::vector<double>> elements);
 
   /// Row i, a vector of n elements; the column index within it is not checked.
   /// @throws MatrixIndexOutOfBound for i outside 0 .. n-1
@@ -86,7 +98,7 @@ class Matrix {
   /// Every element multiplied by s.
   Matrix operator*(const double& s) const;
 
-  /// The matrix product, its sums in index order.
+  /// The matrix product, its sums in index order; of order n³.
   /// @throws MatrixWrongDimensions for a matrix of another dimension
   Matrix operator*(const Matrix& b) const;
 
@@ -101,15 +113,16 @@ class Matrix {
   /// The transpose, t[i][j] = a[j][i].
   Matrix transposed() const;
 
-  /// Exchanges rows i and j; i = j changes nothing.
+  /// Exchanges rows i and j; i = j changes nothing. Of order n.
   /// @throws MatrixIndexOutOfBound for an index outside 0 .. n-1
   void swapRows(int i, int j);
 
-  /// Exchanges columns i and j; i = j changes nothing.
+  /// Exchanges columns i and j; i = j changes nothing. Of order n.
   /// @throws MatrixIndexOutOfBound for an index outside 0 .. n-1
   void swapColumns(int i, int j);
 
   /// Overwrites column j with v (length n); the dimension stays as it is.
+  /// Of order n.
   /// @throws MatrixIndexOutOfBound for j outside 0 .. n-1, tested first
   /// @throws MatrixWrongDimensions for a vector of another length
   void insertColumn(int j, const std::vector<double>& v);
@@ -178,40 +191,41 @@ int sign(const double& x);
 
 /// Factorises A (n × n) as P·A = L·U by Gaussian elimination with partial
 /// pivoting (Golub, Van Loan, Matrix Computations, 4th ed., section 3.4). Of
-/// equal candidates the upper row is the pivot.
+/// equal candidates the upper row is the pivot. Cost: of order n³.
 ///
-/// The outputs are replaced whatever they held; each may be A itself. L is unit lower triangular, U
-/// upper triangular up to the rounding residues of the eliminated elements,
-/// which are kept; P is the identity with its rows exchanged; `swaps` counts
+/// The outputs are replaced whatever they held; each may be A itself. L is unit lower
+/// triangular, U upper triangular up to the rounding residues of the eliminated
+/// elements, which are kept; P is the identity with its rows exchanged; `swaps` counts
 /// the exchanges of two different rows.
 /// @throws MatrixIsSingular where a column holds no pivot of magnitude at
 ///   least 1e-8; the outputs then keep the state reached in that column
 void LUPdecomposition(const Matrix& A, Matrix& L, Matrix& U, Matrix& P, int& swaps);
 
 /// Solves L·U·x = P·b by forward and back substitution, for the factors
-/// (n × n) of LUPdecomposition() and b of length n.
+/// (n × n) of LUPdecomposition() and b of length n. Cost: of order n².
 /// @return x, of length n
 /// @throws MatrixWrongDimensions for factors or a vector of another size
 std::vector<double> solveWithLUP(const Matrix& L, const Matrix& U, const Matrix& P,
                                  const std::vector<double>& b);
 
 /// Solves A·x = b for A n × n and b of length n, and writes L, U, P and the
-/// product P·L·U to the standard error stream.
+/// product P·L·U to the standard error stream. Cost: of order n³; a trace that is
+/// discarded saves the two products.
 /// @return x, of length n
 /// @throws MatrixIsSingular as LUPdecomposition() does, after the start line
 /// @throws MatrixWrongDimensions for a vector of another length, after the
-///   whole trace
+///   whole trace; for a row that is too short, after the start line
 std::vector<double> solveWithLUP(const Matrix& A, const std::vector<double>& b);
 
 /// The determinant of A (n × n): the product of the diagonal of U in order,
 /// its sign turned for an odd number of exchanges (Golub, Van Loan, section
-/// 3.4); 1 for n = 0.
+/// 3.4); 1 for n = 0. Cost: of order n³.
 /// @throws MatrixIsSingular as LUPdecomposition() does: a determinant too near
 ///   to 0 is not returned
 double calcDeterminantWithLUP(const Matrix& A);
 
 /// The inverse of A (n × n), solved for column by column with one
-/// factorisation (Golub, Van Loan, section 3.4); empty for n = 0.
+/// factorisation (Golub, Van Loan, section 3.4); empty for n = 0. Cost: of order n³.
 /// @throws MatrixIsSingular as LUPdecomposition() does
 Matrix calcInverseMatrixWithLUP(const Matrix& A);
 
@@ -221,10 +235,11 @@ Matrix calcInverseMatrixWithLUP(const Matrix& A);
 /// standard error stream.
 ///
 /// A dominant diagonal keeps the sweep stable. A zero denominator is not looked
-/// for: the infinity or NaN that it makes flows into the solution.
+/// for: the infinity or NaN that it makes flows into the solution. Cost: of order n,
+/// after a look at all n² elements.
 /// @return x, of length n
 /// @throws MatrixWrongDimensions for a vector of another length, before
-///   anything is written
+///   anything is written; for a row that is too short, after the start line
 /// @throws MatrixIsNotTridiagonal after the start line
 /// @throws MatrixIndexOutOfBound for n = 0, after the start line
 std::vector<double> solveTridiagonalMatrixAlgo(const Matrix& A, const std::vector<double>& d);
@@ -239,7 +254,7 @@ std::vector<double> solveTridiagonalMatrixAlgo(const Matrix& A, const std::vecto
 /// both norms are maximum norms (B. P. Demidovich, I. A. Maron, Computational
 /// Mathematics, chapter 9); for q >= 1, which promises no convergence, the
 /// factor is 1. A zero on the diagonal is not looked for; an estimate that is
-/// NaN ends nothing.
+/// NaN ends nothing. Cost: of order n³ for B, then n² for an iteration.
 /// @param iters the number of iterations done, written on success alone
 /// @return x, of length n
 /// @throws MatrixWrongDimensions for a vector of another length, before
@@ -251,7 +266,7 @@ std::vector<double> solveSimpleIterations(const Matrix& A, const std::vector<dou
 /// As solveSimpleIterations(), the writing included, but by the method of Seidel
 /// (Golub, Van Loan, section 11.2): a component that an iteration has renewed
 /// serves the rows after it. The factor of the estimate is |C| / (1 - q), C the
-/// upper triangle of B, or 1 for q >= 1.
+/// upper triangle of B, or 1 for q >= 1. Cost: as there.
 /// @param iters the number of iterations done, written on success alone
 /// @return x, of length n
 /// @throws MatrixWrongDimensions for a vector of another length, before
@@ -266,7 +281,7 @@ std::vector<double> solveSiedel(const Matrix& A, const std::vector<double>& b, c
 ///
 /// Q is orthogonal; R is upper triangular up to the rounding residues of the
 /// eliminated elements, which are kept. A column that is zero on and below the
-/// diagonal makes both of NaN.
+/// diagonal makes both of NaN. Cost: of order n⁴, as each reflection is multiplied out.
 void QRdecomposition(const Matrix& A, Matrix& Q, Matrix& R);
 
 /// Finds the eigenvalues of A (n × n) by the QR algorithm without shifts
@@ -277,10 +292,16 @@ void QRdecomposition(const Matrix& A, Matrix& Q, Matrix& R);
 /// pair of roots; every other diagonal element is a real root. From the second
 /// iteration on, the run ends when both are below eps: the Euclidean norm of the
 /// elements below the real roots, and the largest change of a complex root.
+/// So eps bounds elements and changes, not the errors of the roots.
+///
+/// Three or more eigenvalues of one modulus, as of the companion matrix of x³ - 2 or
+/// 3, 3, -3, give wrong roots without an exception. For a symmetric matrix take
+/// getEigenvaluesWithJacobi(). Cost: of order n⁴ for an iteration.
 /// @param roots the n eigenvalues in the order of the diagonal, written on
 ///   success alone
 /// @param iters the number of iterations done, written on success alone
 /// @throws MaxItersCountAchieved when iteration 100001 still misses eps
+/// @throws MatrixWrongDimensions for a row that is too short, after the start line
 void getEigenvaluesWithQR(const Matrix& A, const double& eps,
                           std::vector<std::complex<double>>& roots, int& iters);
 
@@ -288,7 +309,7 @@ void getEigenvaluesWithQR(const Matrix& A, const double& eps,
 /// classical Jacobi method (Golub, Van Loan, section 8.5): every rotation
 /// clears the off-diagonal element of largest magnitude, until eps > off(M) for
 /// the rotated matrix M. Every rotation is written to the standard error
-/// stream.
+/// stream. Cost: of order n² for a rotation.
 /// @param eigenvalues the n diagonal elements of M, unordered; written on
 ///   success alone
 /// @param eigenvectors n × n, may be A itself; column i belongs to eigenvalue
@@ -298,6 +319,7 @@ void getEigenvaluesWithQR(const Matrix& A, const double& eps,
 ///   makes no rotation if no pivot is left (n = 0, n = 1).
 /// @throws MatrixIsNotSymmetrical after the start line; see
 ///   Matrix::isSymmetrical() for the tolerance
+/// @throws MatrixWrongDimensions for a row that is too short, after the start line
 /// @throws MaxItersCountAchieved when rotation 100001 still misses eps
 void getEigenvaluesWithJacobi(const Matrix& A, const double& eps, std::vector<double>& eigenvalues,
                               Matrix& eigenvectors, int& iters);

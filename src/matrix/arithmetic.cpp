@@ -4,7 +4,10 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "matrix/row_lengths.h"
 #include "nordika/matrix.h"
+
+using nordika::detail::checkRowLengths;
 
 double dotProduct(const std::vector<double>& u, const std::vector<double>& v) {
   if (u.size() != v.size()) throw VectorWrongDimensions();
@@ -46,6 +49,7 @@ double norm2(const std::vector<double>& v) {
 }
 
 double norm(const Matrix& a) {
+  checkRowLengths(a);
   double maximum = 0;
   for (int i = 0; i < a.dimension(); ++i) {
     double sum = 0;
@@ -57,6 +61,7 @@ double norm(const Matrix& a) {
 }
 
 double off(const Matrix& a) {
+  checkRowLengths(a);
   double sum = 0;
   for (int i = 1; i < a.dimension(); ++i) {
     for (int j = 0; j < i; ++j)

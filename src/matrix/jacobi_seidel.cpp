@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "matrix/row_lengths.h"
 #include "nordika/matrix.h"
 #include "nordika/trace.h"
 
@@ -17,6 +18,7 @@ struct FixedPointForm {
 };
 
 FixedPointForm toFixedPoint(const Matrix& A, const std::vector<double>& b) {
+  nordika::detail::checkRowLengths(A);
   const int n = A.dimension();
   Matrix D(n);
   for (int i = 0; i < n; ++i)

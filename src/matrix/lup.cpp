@@ -7,10 +7,12 @@
 
 #include "matrix/lup_solver.h"
 #include "matrix/matrix_trace.h"
+#include "matrix/row_lengths.h"
 #include "nordika/matrix.h"
 #include "nordika/trace.h"
 
 using nordika::Trace;
+using nordika::detail::checkRowLengths;
 using nordika::detail::ElementFormat;
 using nordika::detail::LupSolver;
 
@@ -88,6 +90,7 @@ void substitute(const Matrix& L, const Matrix& U, const Matrix& P, const std::ve
 }  // namespace
 
 void LUPdecomposition(const Matrix& A, Matrix& L, Matrix& U, Matrix& P, int& swaps) {
+  checkRowLengths(A);
   const int n = A.dimension();
   U = A;
   for (int i = 0; i < n; ++i)
@@ -111,6 +114,8 @@ void LUPdecomposition(const Matrix& A, Matrix& L, Matrix& U, Matrix& P, int& swa
 
 std::vector<double> solveWithLUP(const Matrix& L, const Matrix& U, const Matrix& P,
                                  const std::vector<double>& b) {
+  for (const Matrix* const factor : {&L, &U, &P})
+    checkRowLengths(*factor);
   std::vector<double> x;
   substitute(L, U, P, b, x);
   return x;

@@ -10,6 +10,10 @@
 #include <new>
 #include <utility>
 
+#include "matrix/row_lengths.h"
+
+using nordika::detail::checkRowLengths;
+
 namespace {
 
 std::size_t rowCount(int n) {
@@ -20,6 +24,11 @@ std::size_t rowCount(int n) {
 }  // namespace
 
 Matrix::Matrix(int n) : rows(rowCount(n), std::vector<double>(rowCount(n))) {}
+
+Matrix::Matrix(std::initializer_list<std::vector<double>> elements) : rows(elements) {
+  for (const std::vector<double>& row : rows)
+    checkDimension(row.size());
+}
 
 void Matrix::checkIndices(int i, int j) const {
   const int n = dimension();
@@ -32,6 +41,7 @@ void Matrix::checkDimension(std::size_t n) const {
 
 std::vector<double> Matrix::operator*(const std::vector<double>& v) const {
   checkDimension(v.size());
+  checkRowLengths(*this);
   std::vector<double> product(v.size());
   for (std::size_t i = 0; i < v.size(); ++i) {
     double sum = 0;
@@ -43,6 +53,7 @@ std::vector<double> Matrix::operator*(const std::vector<double>& v) const {
 }
 
 Matrix Matrix::operator*(const double& s) const {
+  checkRowLengths(*this);
   Matrix product(dimension());
   for (std::size_t i = 0; i < rows.size(); ++i) {
     std::transform(rows[i].begin(), rows[i].begin() + dimension(), product.rows[i].begin(),
@@ -53,6 +64,8 @@ Matrix Matrix::operator*(const double& s) const {
 
 Matrix Matrix::operator+(const Matrix& b) const {
   checkDimension(b.rows.size());
+  checkRowLengths(*this);
+  checkRowLengths(b);
   Matrix sum(dimension());
   for (std::size_t i = 0; i < rows.size(); ++i) {
     std::transform(rows[i].begin(), rows[i].begin() + dimension(), b.rows[i].begin(),
@@ -63,6 +76,8 @@ Matrix Matrix::operator+(const Matrix& b) const {
 
 Matrix Matrix::operator-(const Matrix& b) const {
   checkDimension(b.rows.size());
+  checkRowLengths(*this);
+  checkRowLengths(b);
   Matrix difference(dimension());
   for (std::size_t i = 0; i < rows.size(); ++i) {
     std::transform(rows[i].begin(), rows[i].begin() + dimension(), b.rows[i].begin(),
@@ -72,6 +87,7 @@ Matrix Matrix::operator-(const Matrix& b) const {
 }
 
 Matrix Matrix::transposed() const {
+  checkRowLengths(*this);
   Matrix transpose(dimension());
   for (std::size_t i = 0; i < rows.size(); ++i) {
     for (std::size_t j = 0; j < rows.size(); ++j)
@@ -81,11 +97,14 @@ Matrix Matrix::transposed() const {
 }
 
 void Matrix::swapRows(int i, int j) {
+  checkIndices(i, j);
+  checkRowLengths(*this);
   std::swap_ranges((*this)[i].begin(), (*this)[i].begin() + dimension(), (*this)[j].begin());
 }
 
 void Matrix::swapColumns(int i, int j) {
   checkIndices(i, j);
+  checkRowLengths(*this);
   for (auto& row : rows)
     std::swap(row.begin()[i], row.begin()[j]);
 }
@@ -93,6 +112,7 @@ void Matrix::swapColumns(int i, int j) {
 void Matrix::insertColumn(int j, const std::vector<double>& v) {
   checkIndices(j, j);
   checkDimension(v.size());
+  checkRowLengths(*this);
   // A copy: v may be a row of this matrix.
   const std::vector<double> column(v.begin(), v.end());
   for (std::size_t i = 0; i < rows.size(); ++i)
@@ -100,6 +120,7 @@ void Matrix::insertColumn(int j, const std::vector<double>& v) {
 }
 
 void Matrix::doRound() {
+  checkRowLengths(*this);
   for (auto& row : rows) {
     for (double& element : row)
       element = round(element, 2);
@@ -107,6 +128,7 @@ void Matrix::doRound() {
 }
 
 bool Matrix::isTridiagonal() const {
+  checkRowLengths(*this);
   for (std::size_t i = 0; i < rows.size(); ++i) {
     for (std::size_t j = 0; j < rows.size(); ++j) {
       const bool inBand = i <= j + 1 && j <= i + 1;
@@ -117,6 +139,7 @@ bool Matrix::isTridiagonal() const {
 }
 
 bool Matrix::isSymmetrical() const {
+  checkRowLengths(*this);
   for (std::size_t i = 0; i < rows.size(); ++i) {
     for (std::size_t j = i + 1; j < rows.size(); ++j) {
       if (std::abs(rows[i][j] - rows[j][i]) > 1e-5) return false;

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "matrix/row_lengths.h"
 #include "nordika/matrix.h"
 
 namespace {
@@ -107,6 +108,8 @@ void multiplyDirectly(const Rows& a, const Rows& b, Rows& product) {
 }  // namespace
 
 Matrix Matrix::operator*(const Matrix& b) const {
+  nordika::detail::checkRowLengths(*this);
+  nordika::detail::checkRowLengths(b);
   Matrix product;
   product.assignProduct(*this, b);
   return product;
