@@ -186,10 +186,12 @@ TEST(Calculate, TakesAnySequenceOfTokens) {
   Tokens marked = {x, {"^", E::binary_operator}, minus, minus, x};
   Tokens out = {minus};
   e.convert_expression(marked, out);
+  e.convert_expression(marked, marked);
+  out.insert(out.end(), marked.begin(), marked.end());
   std::string order;
   for (const auto& t : out)
     order += t.text;
-  EXPECT_EQ(order, "-x^x--");
+  EXPECT_EQ(order, "-x^x--x^--xx^x--");
   EXPECT_NO_THROW(e.mark_unaries(marked = {}));
   marked = {plus, plus};
   e.mark_unaries(marked);

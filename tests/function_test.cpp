@@ -85,6 +85,12 @@ TEST(Function, FollowsItsVariablesThroughEveryChange) {
   EXPECT_THROW(other({1, 2}), ExpressionUnknownVariable);
   Function moved = std::move(f);
   EXPECT_EQ(moved({4}), 3);
+  moved.variables.insert({"q", 2});
+  moved.variables.insert({{"q", 5}, {"r", 7}});
+  const std::map<std::string, double>& values = moved.variables;
+  EXPECT_EQ(values.at("x1") + values.at("q") + values.at("r"), 13);
+  EXPECT_EQ(moved.variables.lower_bound("q")->first + moved.variables.upper_bound("q")->first,
+            "qr");
   // NOLINTNEXTLINE(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
   EXPECT_THROW(f({4}), ExpressionWrongFormat);
   EXPECT_THROW(Function("x1", "a=1"), ExpressionWrongFormat);

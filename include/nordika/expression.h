@@ -65,7 +65,8 @@ class Expression {
     function,            ///< the name of a built-in function
   };
 
-  /// The printable names of the types, by value.
+  /// The printable names of the types, by value. Not for the initialisers of global
+  /// objects: these may run before its own.
   static const std::string token_t_list[8];
 
   /// A name, a number, an operator or a parenthesis of the text.
@@ -137,7 +138,8 @@ class Expression {
   ///   function
   void mark_unaries(std::vector<token>& tokens) const;
 
-  /// Marks the operators of `tokens`, then appends the postfix form to `out`.
+  /// Marks the operators of `tokens`, then appends the postfix form to `out`, which
+  /// may be `tokens` itself.
   /// "^" associates to the right, all else to the left.
   /// @throws ExpressionWrongFormat for a ")" without its "(" and for tokens
   ///   without a type
@@ -168,10 +170,21 @@ class Expression {
   /// @throws ExpressionWrongFormat for an unknown name
   double apply_function(const std::string& name, double x) const;
 
-  std::set<std::string> functions;                ///< the names of the built-in functions
-  std::set<std::string> operators;                ///< the operators, one character each
-  nordika::detail::ValueMap variables;            ///< "pi" and every value set since
-  nordika::detail::TokenSequence<token> postfix;  ///< the compiled text
+  std::set<std::string> functions;  ///< the names of the built-in functions
+  std::set<std::string> operators;  ///< the operators, one character each
+
+  /// "pi" and every value set since. A call of `f` with another parameter needs no new
+  /// text: `f.variables["a"] = v`.
+  ///
+  /// It converts to `const std::map<std::string, double>&` and has these members of
+  /// that class, with names as std::string: `[]`, at, begin, end, find, lower_bound,
+  /// upper_bound, count, contains, size, empty, insert, emplace, insert_or_assign,
+  /// erase by name, clear. Copies are independent.
+  nordika::detail::ValueMap variables;
+
+  /// The compiled text. It converts to `const std::vector<Expression::token>&`, and has
+  /// `[]`, begin, end and size. It cannot be changed.
+  nordika::detail::TokenSequence<token> postfix;
 
  protected:
   /// Rounds the n elements of x to six significant digits, binds them to the

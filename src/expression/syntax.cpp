@@ -98,6 +98,11 @@ void Expression::mark_unaries(std::vector<token>& tokens) const {
 
 void Expression::convert_expression(std::vector<token>& tokens, std::vector<token>& out) const {
   mark_unaries(tokens);
+  if (&tokens == &out) {
+    std::vector<token> source = tokens;
+    convert_expression(source, out);
+    return;
+  }
   std::vector<const token*> stack;
   stack.reserve(tokens.size());
   const auto popTop = [&] {
