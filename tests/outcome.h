@@ -36,6 +36,8 @@ std::string outcomeOf(Action action) {
     return "dimensions";
   } catch (const MaxItersCountAchieved&) {
     return "limit";
+  } catch (const nordika::Stopped&) {
+    return "stopped";
   }
 }
 

@@ -7,11 +7,14 @@
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <memory>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <type_traits>
 #include <vector>
 
+#include "nordika/trace.h"
 #include "outcome.h"
 
 namespace {
@@ -142,6 +145,80 @@ TEST(Newton, EndsAsItsMatrixAndEstimateDemand) {
       {solved(newton({"x1", "x2"}, {1, 0}, {{"1", "0"}, {"0", "1/x2"}}), 1), "bad result", -1,
        "1\n"},
   });
+}
+
+// The problem is solved in four iterations.
+template <typename Problem>
+void checkWatch(const Problem& problem, double eps) {
+  const Solved whole = solved(problem, eps);
+  const auto never = [] {};
+  const auto fail = [] { throw MatrixIsSingular(); };
+  const struct {
+    int last;  // the function answers `false` from here on
+    std::function<void()> thenDo;
+    const char* end;
+    int seen;
+  } rows[] = {{9, never, "success", 4}, {4, never, "success", 4}, {1, never, "stopped", 1},
+              {3, never, "stopped", 3}, {3, fail, "singular", 3}, {4, fail, "singular", 4}};
+  for (const auto& [last, thenDo, end, seen] : rows) {
+    std::string trace;
+    const nordika::TraceRedirect redirect([&](std::string_view text) { trace += text; });
+    int count = 0;
+    Vector iterate;
+    const nordika::IterationWatch watch([&](int k, double estimate, const Vector& x) {
+      EXPECT_EQ(k, ++count);
+      std::ostringstream lines;
+      lines << "Epsilon: " << estimate << "\nx = (" << x.at(0) << ")\n\n";
+      EXPECT_THAT(trace, testing::EndsWith(lines.str()));
+      iterate = x;
+      if (k == last) thenDo();
+      return k < last;
+    });
+    const Solved run = solved(problem, eps);
+    EXPECT_EQ(run.end, end);
+    EXPECT_EQ(count, seen);
+    const bool succeeds = run.end == "success";
+    EXPECT_EQ(run.iters, succeeds ? 4 : -1);
+    EXPECT_EQ(run.x, succeeds ? iterate : Vector());
+    // Of a run that did not succeed, the lines up to this iteration.
+    const std::string next = seen < 4 ? "Iteration: " + std::to_string(seen + 1) : "Solve";
+    const std::size_t length = succeeds ? std::string::npos : whole.trace.rfind(next);
+    EXPECT_EQ(trace, whole.trace.substr(0, length));
+  }
+}
+
+TEST(IterationWatch, SeesEachIterationBehindItsLinesAndMayEndTheRun) {
+  checkWatch(newton({"x1^2-2"}, {1}, {{"2*x1"}}), 1e-5);
+  checkWatch(simpleIters({"x1/3"}, {1}, 0.5), 0.03);
+  for (const int last : {nordika::kMaxIterations, nordika::kMaxIterations + 1}) {
+    const nordika::IterationWatch watch([=](int k, double, const Vector&) { return k < last; });
+    EXPECT_EQ(solved(simpleIters({"x1"}, {1}, 0.5), 0).end,
+              last == nordika::kMaxIterations ? "stopped" : "limit");
+  }
+}
+
+TEST(IterationWatch, NestsAndIsPassedOverWhileItRuns) {
+  const auto run = [] { solved(simpleIters({"x1/3"}, {1}, 0.5), 0.03); };
+  std::string seen;
+  const auto watch = [&](const char* name, const std::function<void()>& action) {
+    return std::make_unique<nordika::IterationWatch>([=, &seen](int k, double, const Vector&) {
+      seen += name + std::to_string(k) + " ";
+      if (k == 2) action();
+      return true;
+    });
+  };
+  auto outer = watch("outer", run);
+  auto inner = watch("inner", run);
+  std::thread(run).join();
+  run();
+  EXPECT_EQ(seen, "inner1 inner2 outer1 outer2 outer3 outer4 inner3 inner4 ");
+  seen.clear();
+  outer.reset();
+  run();
+  inner.reset();
+  run();
+  EXPECT_EQ(seen, "inner1 inner2 inner3 inner4 ");
+  EXPECT_DEATH(nordika::IterationWatch(nullptr), "isEmpty");
 }
 
 TEST(ProblemsDeathTest, AssertTheirPreconditions) {

@@ -157,6 +157,13 @@ TEST(TraceRedirect, DiscardsOrLosesTextWithoutHarm) {
   EXPECT_TRUE(Trace::takeLoss());
 }
 
+TEST(TraceDeathTest, RefusesARowBeyondItsBounds) {
+  const double elements[] = {1e300};
+  const int rows[][3] = {{-1, 7, 3}, {1, -1, 3}, {1, 17, 3}, {1, 7, 0}, {1, 7, 7}};
+  for (const auto& [n, width, decimals] : rows)
+    EXPECT_DEATH(Trace().row(elements, n, width, decimals), "width <= 16");
+}
+
 TEST(Trace, IsWrittenToAStreamWithoutADescriptor) {
   char* text = nullptr;
   std::size_t size = 0;
