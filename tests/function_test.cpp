@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-#include "expression/builtins.h"
+#include "expression/language.h"
 #include "nordika/functions.h"
 #include "outcome.h"
 

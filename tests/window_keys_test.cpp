@@ -68,7 +68,7 @@ TEST_F(KeysTest, TabWalksThroughTheGridAndOutOfIt) {
   }
 }
 
-TEST_F(KeysTest, TheFirstMalformedTextIsSelected) {
+TEST_F(KeysTest, TheTextToBlameIsSelected) {
   for (const auto& [method, equations, cells, selected, blamed] : rowsOf<5>("blamed.txt")) {
     enter(method == "Newton", 2, equations.c_str(), cells.c_str());
     child("calcButton")->setFocus();

@@ -56,7 +56,7 @@ void Widget::calculate() {
   const nordika::Outcome outcome = nordika::solve(problem());
   if (outcome.failure) {
     showError(QString::fromStdString(outcome.failure->message));
-    if (outcome.failure->place) select(*outcome.failure->place);
+    if (outcome.failure->blame) select(outcome.failure->blame->place);
     return;
   }
   auto component = outcome.solution.begin();

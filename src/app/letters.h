@@ -17,8 +17,8 @@ QFont inNarrowFamily(const QFont& font);
 
 /// Narrows the letters of a widget, no further than needed to show each of the texts
 /// whole; letters that fit get their own width back. Size, weight and family stay as
-/// they are. A label that is lower than its letters with their line is moved up into
-/// the blank above the letters.
+/// they are. If a label or radio button is lower than its line of text, the text moves up
+/// into the blank above its letters.
 /// @param widget a label, button, spin box or line edit, of a fixed geometry
 /// @param texts all texts that the widget may show (a label: its text)
 void fitLetters(QWidget& widget, const QStringList& texts);

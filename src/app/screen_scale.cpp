@@ -5,7 +5,7 @@
 
 #include <QByteArray>
 
-// Its macros would break the headers of Qt.
+// After the headers of Qt, which its macros would break.
 #include <X11/Xlib.h>
 #include <cstdlib>
 

@@ -9,7 +9,7 @@ class QAbstractSpinBox;
 namespace nordika {
 
 /// Lets the mouse wheel turn the box only while it has the focus; the wheel does not
-/// give it the focus. A smaller n would drop cells of the Jacobi grid.
+/// give it the focus. Otherwise scrolling over n could drop cells of the Jacobi grid.
 void turnOnlyWithFocus(QAbstractSpinBox& box);
 
 }  // namespace nordika

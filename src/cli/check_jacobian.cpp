@@ -7,7 +7,8 @@
 #include <cmath>
 #include <limits>
 
-#include "cli/number_text.h"
+#include "cli/output.h"
+#include "number/read_number.h"
 
 namespace nordika {
 
@@ -45,7 +46,7 @@ double roundingError(const Function& function) {
   };
   for (const Expression::token& t : function.postfix) {
     if (t.type == Expression::number) {
-      stack.push_back({readNumber(t.text).value_or(0), 0});
+      stack.push_back({detail::numberValue(t.text), 0});
     } else if (t.type == Expression::variable) {
       stack.push_back({function.variables.find(t.text)->second, 0});
     } else if (t.type == Expression::binary_operator) {

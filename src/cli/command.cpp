@@ -10,9 +10,9 @@
 #include <set>
 #include <system_error>
 
-#include "cli/number_text.h"
 #include "cli/problem_file.h"
 #include "nordika/version.h"
+#include "number/read_number.h"
 
 namespace nordika {
 
@@ -121,8 +121,10 @@ std::string textOf(const CLI::Option* option, const char* otherwise) {
 }
 
 double toNumber(const CLI::Option* option, const std::string& text) {
-  const std::optional<double> value = readNumber(text);
-  if (!value) throw WrongUsage(option->get_name() + ": \"" + text + "\" is not a finite number");
+  std::string_view rest = text;
+  const std::optional<double> value = detail::extractNumber(rest);
+  if (!value || !rest.empty())
+    throw WrongUsage(option->get_name() + ": \"" + text + "\" is not a finite number");
   return *value;
 }
 

@@ -18,8 +18,8 @@ class WrongUsage : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// What the user asks for. If `answer` is empty, a calculation of a problem of n > 0
-/// equations whose texts and numbers are as many as Problem says; eps > 0.
+/// What the user asks for. If `answer` is empty, `problem` is complete: n > 0, all counts
+/// agree, eps > 0.
 struct Command {
   std::string answer;              ///< the text of --help or --version
   bool checksJacobian = false;     ///< check the Jacobi matrix instead of solving

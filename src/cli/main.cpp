@@ -7,8 +7,8 @@
 
 #include "cli/check_jacobian.h"
 #include "cli/command.h"
-#include "cli/number_text.h"
 #include "cli/output.h"
+#include "cli/streams.h"
 #include "run/messages.h"
 #include "run/run.h"
 
@@ -21,17 +21,6 @@ namespace {
 enum Status { kSolved = 0, kFailed = 1, kWrongUsage = 2, kWrongJacobian = 3 };
 
 constexpr char kName[] = "nordika-solve: ";
-
-std::string linesOf(const nordika::Outcome& outcome) {
-  std::string lines;
-  for (std::size_t i = 0; i < outcome.solution.size(); ++i)
-    lines.append("x")
-        .append(std::to_string(i + 1))
-        .append(" = ")
-        .append(nordika::shownNumber(outcome.solution[i]))
-        .append("\n");
-  return lines.append("iterations = ").append(std::to_string(outcome.iterations)).append("\n");
-}
 
 std::string aboutLog(std::string message, const std::string& name) {
   return message.replace(message.find("%1"), 2, name);
@@ -58,7 +47,7 @@ int run(const Command& command) {
   } else {
     const nordika::Outcome outcome = nordika::solve(command.problem);
     failure = outcome.failure;
-    output = linesOf(outcome);
+    output = nordika::linesOf(outcome);
   }
   const bool isLogWhole = log.close();
   if (!isLogWhole) complain(aboutLog(messages::kLogNotWhole, *command.log));

@@ -3,51 +3,38 @@
 
 #include "cli/output.h"
 
-#include <algorithm>
-#include <csignal>
-#include <fcntl.h>
-#include <unistd.h>
-
-#include "trace/write_all.h"
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <string_view>
 
 namespace nordika {
 
-namespace {
-
-bool writeAll(int file, std::string_view text) {
-  return detail::writeAll(file, text) == text.size();
+std::string shownNumber(double x) {
+  if (x == 0) return "0";
+  // A double has at most 767 significant digits.
+  char digits[800];
+  char* const end = std::to_chars(digits, digits + sizeof digits, std::fabs(x),
+                                  std::chars_format::scientific, 766)
+                        .ptr;
+  const std::string_view exact(digits, static_cast<std::size_t>(end - digits));
+  // Behind the point, the sixth digit is the first one that is not shown.
+  constexpr std::size_t kHidden = 7;
+  const bool isHalf =
+      exact[kHidden] == '5' && exact.find_first_not_of('0', kHidden + 1) == exact.find('e');
+  // to_chars() rounds a half to an even digit.
+  if (isHalf) x = std::nextafter(x, std::copysign(std::numeric_limits<double>::infinity(), x));
+  char text[16];
+  return {text, std::to_chars(text, text + sizeof text, x, std::chars_format::general, 6).ptr};
 }
 
-}  // namespace
-
-void surviveFailedWrites() {
-  std::signal(SIGPIPE, SIG_IGN);
-  std::signal(SIGXFSZ, SIG_IGN);
-}
-
-bool print(std::string_view text) {
-  return writeAll(STDOUT_FILENO, text) && close(STDOUT_FILENO) == 0;
-}
-
-void complain(std::string text) {
-  const auto isControl = [](char c) { return (c >= '\0' && c < ' ') || c == '\x7f'; };
-  std::replace_if(text.begin(), text.end(), isControl, '?');
-  writeAll(STDERR_FILENO, text + "\n");
-}
-
-bool LogFile::open(const std::string& name) {
-  file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0666);
-  if (file < 0) return false;
-  redirect.emplace([this](std::string_view lines) {
-    if (!writeAll(file, lines)) isWhole = false;
-  });
-  return true;
-}
-
-bool LogFile::close() {
-  if (file >= 0 && ::close(file) != 0) isWhole = false;
-  file = -1;
-  return isWhole;
+std::string linesOf(const Outcome& outcome) {
+  std::string lines;
+  for (std::size_t i = 0; i < outcome.solution.size(); ++i) {
+    lines.append("x").append(std::to_string(i + 1)).append(" = ");
+    lines.append(shownNumber(outcome.solution[i])).append("\n");
+  }
+  return lines.append("iterations = ").append(std::to_string(outcome.iterations)).append("\n");
 }
 
 }  // namespace nordika

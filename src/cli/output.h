@@ -4,49 +4,18 @@
 #ifndef NORDIKA_CLI_OUTPUT_H
 #define NORDIKA_CLI_OUTPUT_H
 
-#include <optional>
 #include <string>
-#include <string_view>
 
-#include "nordika/trace.h"
+#include "run/run.h"
 
 namespace nordika {
 
-/// Makes a failed write an error instead of the end of the process: a pipe without a
-/// reader, a file that may not grow.
-void surviveFailedWrites();
+/// A finite number as the window shows it: six significant digits, 0 for minus
+/// zero, halves rounded away from zero.
+std::string shownNumber(double x);
 
-/// Writes the text to the standard output, as the last thing that goes there.
-/// @return whether all of it was written; errno tells why not
-bool print(std::string_view text);
-
-/// Writes a line to the standard error stream. Control characters of the text
-/// become question marks, so that it stays one line.
-void complain(std::string text);
-
-/// Sends the trace to a file instead of the standard error stream while it lives.
-class LogFile {
- public:
-  LogFile() = default;
-  /// Not copyable: it owns the open file.
-  LogFile(const LogFile&) = delete;
-  /// @copydoc LogFile(const LogFile&)
-  LogFile& operator=(const LogFile&) = delete;
-  ~LogFile() { close(); }
-
-  /// Creates the file, or empties it.
-  /// @return false if it cannot be opened for writing
-  bool open(const std::string& name);
-
-  /// Closes the file, if one is open; to be called after the last line.
-  /// @return whether the file has the whole trace
-  bool close();
-
- private:
-  std::optional<TraceRedirect> redirect;
-  int file = -1;
-  bool isWhole = true;
-};
+/// The lines of a solution: a line for each unknown, and the number of iterations.
+std::string linesOf(const Outcome& outcome);
 
 }  // namespace nordika
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-// An expression has fewer blanks.
+// Unlike expressions, assignments also take \v and \f as blanks.
 constexpr std::string_view kBlanks = " \t\n\v\f\r";
 
 void skipBlanks(std::string_view& text) {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "expression/builtins.h"
+#include "expression/language.h"
 #include "expression/program.h"
 #include "nordika/expression.h"
 #include "number/six_digits.h"
@@ -62,7 +62,7 @@ double Expression::evaluateAt(const std::vector<double>& x) {
   return evaluateBound();
 }
 
-// The same for finite elements that are rounded already.
+// As evaluateAt(), for elements that are checked and rounded already.
 double Expression::evaluateAtRounded(const std::vector<double>& x) {
   double* const* argument = bindArguments(x);
   for (const double value : x)
@@ -98,7 +98,8 @@ double Expression::evaluateBound() {
   return checked(program->run(binding.operands.data(), binding.stack.data()));
 }
 
-// Leaves the operands empty while a variable is missing: every call looks again.
+// If a variable is missing, locate() throws and the operands stay empty. The next call
+// then looks again.
 void Expression::locateOperands() {
   if (program == nullptr) throw ExpressionWrongFormat();  // moved from
   binding.stack.resize(program->stackSize());

@@ -7,7 +7,7 @@
 #include <memory>
 #include <utility>
 
-#include "expression/builtins.h"
+#include "expression/language.h"
 #include "expression/program.h"
 
 namespace {

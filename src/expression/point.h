@@ -11,7 +11,6 @@
 namespace nordika::detail {
 
 /// The arguments of several functions, checked and rounded once for all of them.
-/// SAVES
 class Point {
  public:
   /// Takes the elements of x as arguments.

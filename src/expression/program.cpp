@@ -7,13 +7,13 @@
 #include <iterator>
 #include <utility>
 
-#include "expression/builtins.h"
+#include "expression/language.h"
 #include "number/read_number.h"
 
 namespace nordika::detail {
 
-// The order is that of the labels in run(), and from `add` on that of kOperators. Each
-// operator is followed by its form with the right operand in memory.
+// run() lists its labels in this order. From `add` on the codes follow the rows of
+// kOperators; each operator is followed by its form with the right operand in memory.
 enum class Program::Code : std::uint8_t {
   end,
   load,
@@ -134,7 +134,8 @@ double Program::run(const double* const* places, double* stack) const {
       &&divide, &&divideOperand, &&power, &&powerOperand};
   // clang-format on
   constexpr int kFirst = static_cast<int>(Code::add);
-  static_assert(std::size(kLabels) == kFirst + 2 * std::size(kOperators));
+  static_assert(std::size(kLabels) == kFirst + 2 * std::size(kOperators),
+                "an operator has two codes and two labels");
   constexpr auto rowOf = [](Code code) {
     return kOperators[(static_cast<int>(code) - kFirst) / 2];
   };

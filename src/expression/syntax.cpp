@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "expression/builtins.h"
+#include "expression/language.h"
 #include "nordika/expression.h"
 
 using nordika::detail::findRow;
@@ -16,7 +16,7 @@ using Token = Expression::token;
 
 // True where a token of the column's type may follow one of the row's type, both in
 // the order of token_t. The check runs before operators become unary or binary.
-// Rows 3 and 4, of these types, are therefore not used and copy row 2.
+// Rows 3 and 4 (binary and unary operators) are never read; they repeat row 2.
 constexpr bool kAllowed[8][8] = {
     {false, false, false, false, false, false, false, false},
     {false, true, true, true, true, true, true, true},
@@ -122,7 +122,7 @@ void Expression::convert_expression(std::vector<token>& tokens, std::vector<toke
         stack.push_back(&t);
         break;
       case binary_operator: {
-        // From the right: an equal operator before this one stays.
+        // A right-associative operator leaves equal ones on the stack.
         const auto* const op = findRow(kOperators, t.text);
         const int least = priority(t) + (op != nullptr && op->isRightAssociative ? 1 : 0);
         while (!stack.empty() && priority(*stack.back()) >= least)

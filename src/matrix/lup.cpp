@@ -13,13 +13,12 @@
 
 using nordika::Trace;
 using nordika::detail::checkRowLengths;
-using nordika::detail::ElementFormat;
+using nordika::detail::kFactorElements;
 using nordika::detail::LupSolver;
 
 namespace {
 
 constexpr double kSmallestPivot = 1e-8;
-constexpr ElementFormat kFactorElements = {7, 3};  // "%7.3lf "
 
 // Reuses the memory of a matrix that has the dimension already.
 void makeIdentity(Matrix& a, int n) {

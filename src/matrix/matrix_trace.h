@@ -17,6 +17,9 @@ struct ElementFormat {
   int decimals;
 };
 
+/// The format of L, U and P, "%7.3lf ".
+inline constexpr ElementFormat kFactorElements = {7, 3};
+
 /// The format of the methods for eigenvalues, "%10.6lf ".
 inline constexpr ElementFormat kEigenElements = {10, 6};
 

@@ -11,26 +11,26 @@ namespace nordika::messages {
 inline constexpr char kErrorTitle[] = "Ошибка";
 inline constexpr char kHelpTitle[] = "Справка";
 
-/// The texts of a failed calculation: in the run log after "Error: ", and in the
-/// box. A text that ends in a colon is followed by a detail: the variable's name (log
-/// and box) or the limit (box only).
-struct Failure {
+/// The texts of a failed calculation: in the run log after "Error: ", and in the box. A
+/// text that ends in a colon is followed by a detail. The variable's name is in both,
+/// the limit in the box alone.
+struct Texts {
   const char* logged;
   const char* shown;
 };
 
-inline constexpr Failure kWrongFormat = {"expression has wrong format.",
-                                         "Неправильный формат ввода выражения"};
-inline constexpr Failure kBadResult = {
+inline constexpr Texts kWrongFormat = {"expression has wrong format.",
+                                       "Неправильный формат ввода выражения"};
+inline constexpr Texts kBadResult = {
     "result of expression evaluation is bad (equals to nan or inf).",
     "Значение выражения для заданных аргументов не определено либо слишком велико"};
-inline constexpr Failure kUnknownVariable = {"expression has unknown variable: ",
-                                             "Неизвестная переменная: "};
-inline constexpr Failure kLimitAchieved = {"iterations limit achieved.",
-                                           "Превышено предельно допустимое число итераций: "};
-inline constexpr Failure kSingularMatrix = {
+inline constexpr Texts kUnknownVariable = {"expression has unknown variable: ",
+                                           "Неизвестная переменная: "};
+inline constexpr Texts kLimitAchieved = {"iterations limit achieved.",
+                                         "Превышено предельно допустимое число итераций: "};
+inline constexpr Texts kSingularMatrix = {
     "matrix is singular.", "Матрица Якоби для заданных аргументов является вырожденной"};
-inline constexpr Failure kUndefinedError = {"undefined error.", "Неизвестная ошибка"};
+inline constexpr Texts kUndefinedError = {"undefined error.", "Неизвестная ошибка"};
 
 /// %1 is the name of the run log.
 inline constexpr char kLogNotOpened[] = "Не удалось открыть файл %1 на запись.";

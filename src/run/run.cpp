@@ -6,58 +6,50 @@
 #include "nordika/solver.h"
 #include "nordika/trace.h"
 #include "number/six_digits.h"
+#include "run/blame.h"
 #include "run/messages.h"
 
 namespace nordika {
 
 namespace {
 
-System compile(const Problem& problem) {
+System compileAll(const Problem& problem) {
   const std::string parameters = parameterText(problem.a);
   System system;
   for (const std::string& text : problem.functions)
-    system.functions.push_back(nordika::compile(text, parameters));
+    system.functions.push_back(compile(text, parameters));
   const std::size_t n = problem.functions.size();
   for (std::size_t i = 0; i < problem.jacobian.size(); ++i) {
     if (i % n == 0) system.jacobian.emplace_back();
-    system.jacobian.back().push_back(nordika::compile(problem.jacobian[i], parameters));
+    system.jacobian.back().push_back(compile(problem.jacobian[i], parameters));
   }
   return system;
 }
 
-bool isMalformed(const std::optional<std::string>& text, const Problem& problem, bool evaluated) {
+// Tells of the exception that is handled. Each detail is appended to its text.
+Failure describe() {
+  const auto failure = [](const messages::Texts& texts, const std::string& loggedDetail = {},
+                          const std::string& shownDetail = {}) {
+    std::string cause = texts.logged + loggedDetail;
+    Trace() << "Error: " << cause << "\n\n";
+    if (cause.back() == '.') cause.pop_back();
+    return Failure{cause, texts.shown + shownDetail, {}};
+  };
   try {
-    Function function = nordika::compile(text, parameterText(problem.a));
-    if (evaluated) function(problem.start);
+    throw;
   } catch (const ExpressionWrongFormat&) {
-    return true;
-  } catch (...) {  // another fault, of another text maybe
+    return failure(messages::kWrongFormat);
+  } catch (const ExpressionBadResult&) {
+    return failure(messages::kBadResult);
+  } catch (const ExpressionUnknownVariable& variable) {
+    return failure(messages::kUnknownVariable, variable.name, variable.name);
+  } catch (const MaxItersCountAchieved&) {
+    return failure(messages::kLimitAchieved, {}, std::to_string(kMaxIterations));
+  } catch (const MatrixIsSingular&) {
+    return failure(messages::kSingularMatrix);
+  } catch (...) {
+    return failure(messages::kUndefinedError);
   }
-  return false;
-}
-
-// The engine finds a leading operator only at evaluation, so the texts that compile are
-// then tried at the start.
-std::optional<TextPlace> findMalformed(const Problem& problem) {
-  std::vector<std::pair<TextPlace, std::optional<std::string>>> texts;
-  const int n = static_cast<int>(problem.functions.size());
-  for (int i = 0; i < n; ++i)
-    texts.push_back({{true, i, 0}, problem.functions.begin()[i]});
-  for (int i = 0; i < static_cast<int>(problem.jacobian.size()); ++i)
-    texts.push_back({{false, i / n, i % n}, problem.jacobian.begin()[i]});
-  for (const bool evaluated : {false, true}) {
-    for (const auto& [place, text] : texts) {
-      if (isMalformed(text, problem, evaluated)) return place;
-    }
-  }
-  return std::nullopt;
-}
-
-// Writes the line of the run log. The details follow their texts.
-Failure report(const messages::Failure& failure, const std::string& loggedDetail = {},
-               const std::string& shownDetail = {}) {
-  Trace() << "Error: " << failure.logged << loggedDetail << "\n\n";
-  return {failure.shown + shownDetail, std::nullopt};
 }
 
 }  // namespace
@@ -73,24 +65,21 @@ Function compile(const std::optional<std::string>& text, const std::string& para
 }
 
 std::optional<Failure> attempt(const Problem& problem, const std::function<void(System&)>& use) {
+  std::vector<double> x = problem.start;
+  const IterationWatch watch([&x](int, double, const std::vector<double>& approximation) {
+    x = approximation;
+    return true;
+  });
   try {
-    System system = compile(problem);
+    System system = compileAll(problem);
     use(system);
     return std::nullopt;
-  } catch (const ExpressionWrongFormat&) {
-    Failure failure = report(messages::kWrongFormat);
-    failure.place = findMalformed(problem);
-    return failure;
-  } catch (const ExpressionBadResult&) {
-    return report(messages::kBadResult);
-  } catch (const ExpressionUnknownVariable& variable) {
-    return report(messages::kUnknownVariable, variable.name, variable.name);
   } catch (const MaxItersCountAchieved&) {
-    return report(messages::kLimitAchieved, {}, std::to_string(kMaxIterations));
-  } catch (const MatrixIsSingular&) {
-    return report(messages::kSingularMatrix);
+    return describe();  // every text had a value
   } catch (...) {
-    return report(messages::kUndefinedError);
+    Failure failure = describe();
+    failure.blame = findBlame(problem, x);
+    return failure;
   }
 }
 

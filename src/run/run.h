@@ -40,10 +40,18 @@ struct TextPlace {
   int column;
 };
 
+/// The text that made a run fail.
+struct Blame {
+  TextPlace place;        ///< where it stands
+  std::string text;       ///< the text; empty where there is none
+  std::vector<double> x;  ///< the approximation at which it failed; empty if it did not compile
+};
+
 /// Why a run failed.
 struct Failure {
-  std::string message;             ///< the text for the user
-  std::optional<TextPlace> place;  ///< the text to blame, if there is one: a malformed one
+  std::string cause;           ///< as in the run log, without "Error: " and the full stop
+  std::string message;         ///< the text for the user
+  std::optional<Blame> blame;  ///< nothing where no single text is to blame
 };
 
 /// How a run ended.
@@ -59,11 +67,12 @@ std::string parameterText(double a);
 /// Compiles a text of the user with the parameters bound. An empty text is the
 /// constant 0.
 /// @throws ExpressionWrongFormat for malformed text
-/// @throws int where there is no text
+/// @throws int for a missing text, which the run reports as an undefined error
 Function compile(const std::optional<std::string>& text, const std::string& parameters);
 
 /// Compiles the texts of the problem, the functions first, and hands them to `use`. A
-/// failure of either is written to the run log and returned.
+/// failure of either is written to the run log and returned. Functions that fail in `use`
+/// are looked for at the approximation that a method has reached there, or at the start.
 std::optional<Failure> attempt(const Problem& problem, const std::function<void(System&)>& use);
 
 /// Solves the problem by its method. A failure is written to the run log.

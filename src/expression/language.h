@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
-// The words of the language: a function, an operator or a constant is a row here.
+// The words of the language: a function, an operator or a constant is a row here. An
+// operator also has two instructions in program.cpp.
 
-#ifndef NORDIKA_EXPRESSION_BUILTINS_H
-#define NORDIKA_EXPRESSION_BUILTINS_H
+#ifndef NORDIKA_EXPRESSION_LANGUAGE_H
+#define NORDIKA_EXPRESSION_LANGUAGE_H
 
 #include <cmath>
 #include <cstddef>
