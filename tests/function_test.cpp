@@ -199,7 +199,7 @@ TEST(Function, HasTheValueOfItsText) {
 
 TEST(Expression, AppliesEachOperatorAndFunction) {
   const Expression e("0");
-  for (const auto& [name, compute] : kFunctions)
+  for (const auto& [name, compute, rule] : kFunctions)
     EXPECT_EQ(e.apply_function(std::string(name), 0.3), compute(0.3)) << name;
   for (const auto& [name, level, compute] : kOperators) {
     EXPECT_EQ(e.apply_binary(name, 5, 3), compute(5, 3)) << name;

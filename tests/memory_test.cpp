@@ -5,10 +5,12 @@
 #include <cstring>
 #include <gtest/gtest.h>
 #include <new>
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "matrices.h"
+#include "nordika/derivative.h"
 #include "nordika/trace.h"
 
 namespace {
@@ -58,6 +60,10 @@ TEST(Memory, RunsOutAtAnyAllocationWithoutLeaksOrHalfDoneResults) {
     }
   };
   methods.push_back({assign, ""});
+  const Expression power("(x1+2)^sin(x1/3)");
+  const std::string whole = nordika::derivative(power, "x1");
+  const auto derive = [&](double, int&) { EXPECT_EQ(nordika::derivative(power, "x1"), whole); };
+  methods.push_back({derive, ""});
   for (const auto& [run, blocks] : methods) {
     bool failed = true;
     for (long k = 0; failed; ++k) {
