@@ -188,8 +188,8 @@ class Expression {
 
  protected:
   /// Rounds the n elements of x to six significant digits, binds them to the
-  /// names x1 .. xn and evaluates: eval() of the text "x1 = ... xn = ...",
-  /// without the text. Throws as calculate() does.
+  /// names x1 to xn and evaluates. So does eval() with a text of these values. Throws
+  /// as calculate() does.
   /// @throws ExpressionBadResult for an element that is NaN or infinite, before
   ///   any is bound
   double evaluateAt(const std::vector<double>& x);

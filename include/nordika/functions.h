@@ -12,7 +12,7 @@
 
 #include "nordika/expression.h"
 
-/// A function of x1 .. xn and of fixed parameters, compiled from text.
+/// A function of x1 to xn and of fixed parameters, compiled from text.
 class Function : public Expression {
  public:
   /// Compiles the text; no parameters are bound.

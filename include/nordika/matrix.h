@@ -31,7 +31,7 @@ class LupSolver;
 /// Two vectors of different lengths were given to a product of vectors.
 class VectorWrongDimensions {};
 
-/// A row or column index lies outside 0 .. n-1.
+/// A row or column index lies outside 0 to n-1.
 class MatrixIndexOutOfBound {};
 
 /// The operands have different dimensions, or a matrix has a row of another length.
