@@ -186,12 +186,13 @@ TEST(Calculate, TakesAnySequenceOfTokens) {
   Tokens marked = {x, {"^", E::binary_operator}, minus, minus, x};
   Tokens out = {minus};
   e.convert_expression(marked, out);
-  e.convert_expression(marked, marked);
-  out.insert(out.end(), marked.begin(), marked.end());
+  Tokens both = {minus, x};
+  e.convert_expression(both, both);
+  out.insert(out.end(), both.begin(), both.end());
   std::string order;
   for (const auto& t : out)
     order += t.text;
-  EXPECT_EQ(order, "-x^x--x^--xx^x--");
+  EXPECT_EQ(order, "-x^x---xx-");
   EXPECT_NO_THROW(e.mark_unaries(marked = {}));
   marked = {plus, plus};
   e.mark_unaries(marked);

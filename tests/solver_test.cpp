@@ -155,12 +155,12 @@ void checkWatch(const Problem& problem, double eps) {
   const auto fail = [] { throw MatrixIsSingular(); };
   const struct {
     int last;  // the function answers `false` from here on
-    std::function<void()> thenDo;
-    const char* end;
     int seen;
-  } rows[] = {{9, never, "success", 4}, {4, never, "success", 4}, {1, never, "stopped", 1},
-              {3, never, "stopped", 3}, {3, fail, "singular", 3}, {4, fail, "singular", 4}};
-  for (const auto& [last, thenDo, end, seen] : rows) {
+    const char* end;
+    std::function<void()> thenDo;
+  } rows[] = {{9, 4, "success", never}, {4, 4, "success", never}, {1, 1, "stopped", never},
+              {3, 3, "stopped", never}, {3, 3, "singular", fail}, {4, 4, "singular", fail}};
+  for (const auto& row : rows) {
     std::string trace;
     const nordika::TraceRedirect redirect([&](std::string_view text) { trace += text; });
     int count = 0;
@@ -171,17 +171,17 @@ void checkWatch(const Problem& problem, double eps) {
       lines << "Epsilon: " << estimate << "\nx = (" << x.at(0) << ")\n\n";
       EXPECT_THAT(trace, testing::EndsWith(lines.str()));
       iterate = x;
-      if (k == last) thenDo();
-      return k < last;
+      if (k == row.last) row.thenDo();
+      return k < row.last;
     });
     const Solved run = solved(problem, eps);
-    EXPECT_EQ(run.end, end);
-    EXPECT_EQ(count, seen);
+    EXPECT_EQ(run.end, row.end);
+    EXPECT_EQ(count, row.seen);
     const bool succeeds = run.end == "success";
     EXPECT_EQ(run.iters, succeeds ? 4 : -1);
     EXPECT_EQ(run.x, succeeds ? iterate : Vector());
     // Of a run that did not succeed, the lines up to this iteration.
-    const std::string next = seen < 4 ? "Iteration: " + std::to_string(seen + 1) : "Solve";
+    const std::string next = row.seen < 4 ? "Iteration: " + std::to_string(row.seen + 1) : "Solve";
     const std::size_t length = succeeds ? std::string::npos : whole.trace.rfind(next);
     EXPECT_EQ(trace, whole.trace.substr(0, length));
   }
