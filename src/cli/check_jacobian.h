@@ -11,22 +11,20 @@
 
 namespace nordika {
 
-/// Compares the elements of a Jacobi matrix at a point with central differences of the
-/// functions. The step is one unit of the sixth digit of the unknown, and 1e-7 for 0.
+/// Compares each element of a Jacobi matrix with the derivative of its function, at the
+/// start and at eight fixed points around it. Points where one of them or the function is
+/// undefined are passed over.
 ///
-/// An element is wrong if it differs from the difference by more than the sum of
-/// - 1e-4 of the larger one,
-/// - four times the bound of the rounding errors in both,
-/// - twice the largest change of the element within the step.
-///
-/// And the differences for smaller steps must not change by a tenth. So a function that
-/// bends, swings or jumps within the step does not make a right element wrong.
+/// An element is wrong if at some point the two values differ by more than the sum of
+/// - 1e-5 of the larger one: texts have numbers of six digits,
+/// - four times the bound of the rounding errors in both.
 /// @param system n functions and n rows of n elements
-/// @param point of length n
-/// @return a line for each wrong element, row by row
-/// @throws what Function::operator()() and Expression::calculate() do, at the point or
-///   within the step
-std::string linesOnWrongElements(System& system, const std::vector<double>& point);
+/// @param start of length n
+/// @return a line for each wrong element, row by row, with the values at the first point
+///   that shows it
+/// @throws what the function, the element or its derivative throws at the start, if no
+///   point is left
+std::string linesOnWrongElements(System& system, const std::vector<double>& start);
 
 }  // namespace nordika
 

@@ -28,6 +28,7 @@ struct Options {
       "every iteration to the standard error stream, as in the run log of the window.",
       "nordika-solve"};
   bool checksJacobian = false;
+  bool printsJacobian = false;
 
   CLI::Option* method = add("--method", "simple|newton", "The method [simple]");
   CLI::Option* eps = add("--eps", "NUMBER", "The accuracy [1e-05]");
@@ -36,13 +37,16 @@ struct Options {
   CLI::Option* start = add("--start", "V", "The initial approximation")->expected(1, -1);
   CLI::Option* functions = add("--functions", "TEXT", "The functions")->expected(1, -1);
   CLI::Option* jacobian =
-      add("--jacobian", "TEXT", "The Jacobi matrix, row by row; only newton")->expected(1, -1);
+      add("--jacobian", "TEXT", "The Jacobi matrix, row by row; only newton [derived]")
+          ->expected(1, -1);
   CLI::Option* log = add("--log", "FILE", "Write the iterations to FILE");
   CLI::Option* config = app.set_config("--config", "", "Read options from FILE")->type_name("FILE");
 
   Options() {
     app.add_flag("--check-jacobian", checksJacobian,
-                 "Only compare the Jacobi matrix with differences of the functions");
+                 "Only compare the Jacobi matrix with the derivatives of the functions");
+    app.add_flag("--print-jacobian", printsJacobian,
+                 "Only print the derivatives of the functions, as a line of a problem file");
     app.set_help_flag("--help", "Print this text");
     app.set_version_flag("--version", "nordika-solve " NORDIKA_VERSION "\n", "Print the version");
     app.config_formatter(std::make_shared<ProblemFile>(app));
@@ -145,7 +149,11 @@ void check(const Options& options, const Command& command) {
   } else {
     require(options.jacobian->count() == 0, "--jacobian is only for --method newton");
     require(!command.checksJacobian, "--check-jacobian is only for --method newton");
+    require(!command.printsJacobian, "--print-jacobian is only for --method newton");
   }
+  require(!command.checksJacobian || !command.printsJacobian,
+          "--check-jacobian and --print-jacobian exclude each other");
+  require(!command.checksJacobian || options.jacobian->count() > 0, "--jacobian is missing");
   require(problem.eps > 0, "--eps is not positive");
   require(1e-8 < problem.q && problem.q < 1.0 - 1e-8, "-q is outside 1e-08 < q < 1 - 1e-08");
   const std::size_t n = problem.functions.size();
@@ -155,7 +163,7 @@ void check(const Options& options, const Command& command) {
                                  " values instead of " + std::to_string(wanted));
   };
   requireCount(options.start, problem.start.size(), n);
-  if (problem.isNewton) requireCount(options.jacobian, problem.jacobian.size(), n * n);
+  if (options.jacobian->count() > 0) requireCount(options.jacobian, problem.jacobian.size(), n * n);
   std::error_code ignored;  // if a file is missing, the two are not the same
   require(!command.log ||
               !std::filesystem::equivalent(textOf(options.config, ""), *command.log, ignored),
@@ -170,6 +178,7 @@ Command readCommand(int argc, const char* const* argv) {
   command.answer = parse(options, {argv + std::min(argc, 1), argv + argc});
   if (!command.answer.empty()) return command;
   command.checksJacobian = options.checksJacobian;
+  command.printsJacobian = options.printsJacobian;
   Problem& problem = command.problem;
   problem.isNewton = textOf(options.method, "simple") == "newton";
   problem.eps = numberOf(options.eps, "1e-05");
@@ -180,6 +189,9 @@ Command readCommand(int argc, const char* const* argv) {
   problem.functions = options.functions->results();
   const Words elements = options.jacobian->results();
   problem.jacobian.assign(elements.begin(), elements.end());
+  // To derive takes no start.
+  if (command.printsJacobian && problem.start.empty())
+    problem.start.assign(problem.functions.size(), 0.0);
   if (options.log->count() > 0) command.log = options.log->results().back();
   check(options, command);
   return command;

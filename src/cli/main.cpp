@@ -9,6 +9,7 @@
 #include "cli/command.h"
 #include "cli/output.h"
 #include "cli/streams.h"
+#include "run/jacobian.h"
 #include "run/messages.h"
 #include "run/run.h"
 
@@ -40,9 +41,16 @@ int run(const Command& command) {
   }
   std::string output;
   std::optional<nordika::Failure> failure;
+  bool isWrong = false;
   if (command.checksJacobian) {
     failure = nordika::attempt(command.problem, [&](nordika::System& system) {
       output = nordika::linesOnWrongElements(system, command.problem.start);
+      isWrong = !output.empty();
+      if (!isWrong) output = nordika::lineOfAgreement(command.problem.jacobian.size());
+    });
+  } else if (command.printsJacobian) {
+    failure = nordika::attempt(command.problem, [&](const nordika::System& system) {
+      output = nordika::lineOfJacobian(nordika::derivedJacobian(system.functions));
     });
   } else {
     const nordika::Outcome outcome = nordika::solve(command.problem);
@@ -55,7 +63,6 @@ int run(const Command& command) {
     complain(failure->message);
     return kFailed;
   }
-  const bool isWrong = command.checksJacobian && !output.empty();
   return finish(output, !isLogWhole ? kWrongUsage : isWrong ? kWrongJacobian : kSolved);
 }
 

@@ -37,4 +37,18 @@ std::string linesOf(const Outcome& outcome) {
   return lines.append("iterations = ").append(std::to_string(outcome.iterations)).append("\n");
 }
 
+std::string lineOfAgreement(std::size_t elements) {
+  return elements == 1 ? "1 element agrees\n" : std::to_string(elements) + " elements agree\n";
+}
+
+std::string lineOfJacobian(const std::vector<std::string>& texts) {
+  const auto n = static_cast<std::size_t>(std::lround(std::sqrt(texts.size())));
+  std::string line = "jacobian = [";
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    line += i % n > 0 ? ", " : i == 0 ? "[" : "], [";
+    line += '"' + texts[i] + '"';
+  }
+  return line + "]]\n";
+}
+
 }  // namespace nordika

@@ -7,17 +7,23 @@
 #include "nordika/trace.h"
 #include "number/six_digits.h"
 #include "run/blame.h"
+#include "run/jacobian.h"
 #include "run/messages.h"
 
 namespace nordika {
 
 namespace {
 
-System compileAll(const Problem& problem) {
+// Derives the texts of the Jacobi matrix if Newton's method has none.
+System compileAll(Problem& problem) {
   const std::string parameters = parameterText(problem.a);
   System system;
   for (const std::string& text : problem.functions)
     system.functions.push_back(compile(text, parameters));
+  if (problem.isNewton && problem.jacobian.empty()) {
+    const std::vector<std::string> derived = derivedJacobian(system.functions);
+    problem.jacobian.assign(derived.begin(), derived.end());
+  }
   const std::size_t n = problem.functions.size();
   for (std::size_t i = 0; i < problem.jacobian.size(); ++i) {
     if (i % n == 0) system.jacobian.emplace_back();
@@ -64,7 +70,7 @@ Function compile(const std::optional<std::string>& text, const std::string& para
   return {text->empty() ? "0" : *text, parameters};
 }
 
-std::optional<Failure> attempt(const Problem& problem, const std::function<void(System&)>& use) {
+std::optional<Failure> attempt(Problem problem, const std::function<void(System&)>& use) {
   std::vector<double> x = problem.start;
   const IterationWatch watch([&x](int, double, const std::vector<double>& approximation) {
     x = approximation;

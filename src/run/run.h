@@ -21,8 +21,9 @@ struct Problem {
   double q = 0;                        ///< 1e-8 < q < 1 - 1e-8; only for simple iterations
   std::vector<std::string> functions;  ///< the texts of the n functions
   std::vector<double> start;           ///< the initial approximation, of length n
-  /// The n × n texts of the Jacobi matrix, row by row; only for Newton's method. A cell
-  /// without a text makes the run fail when it is reached.
+  /// The n × n texts of the Jacobi matrix, row by row; only for Newton's method, which
+  /// derives them if it has none. A cell without a text makes the run fail when it is
+  /// reached.
   std::vector<std::optional<std::string>> jacobian;
 };
 
@@ -73,7 +74,7 @@ Function compile(const std::optional<std::string>& text, const std::string& para
 /// Compiles the texts of the problem, the functions first, and hands them to `use`. A
 /// failure of either is written to the run log and returned. Functions that fail in `use`
 /// are looked for at the approximation that a method has reached there, or at the start.
-std::optional<Failure> attempt(const Problem& problem, const std::function<void(System&)>& use);
+std::optional<Failure> attempt(Problem problem, const std::function<void(System&)>& use);
 
 /// Solves the problem by its method. A failure is written to the run log.
 Outcome solve(const Problem& problem);
