@@ -4,6 +4,7 @@
 #ifndef NORDIKA_EXPRESSION_ALGEBRA_H
 #define NORDIKA_EXPRESSION_ALGEBRA_H
 
+#include <cmath>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -39,7 +40,7 @@ struct Term {
 /// are, since another order could fold other pairs.
 class Algebra {
  public:
-  static Term number(double x) { return {x < 0, {x < 0 ? -x : x}, {}}; }
+  static Term number(double x) { return {x < 0, {std::abs(x)}, {}}; }
   Term name(std::string_view characters) { return factor(texts.word(characters)); }
 
   /// Whether the term is a number without an operation, except for its sign.

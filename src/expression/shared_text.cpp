@@ -33,26 +33,27 @@ Text SharedTexts::call(std::string_view name, Text inner) {
 
 std::string SharedTexts::write(Text text) const {
   if (parts[text].length > kLongest) throw std::length_error("derivative");
-  struct Step {
+  struct Place {
     Text text;
-    char sign;  // where there is no text
+    std::size_t begin;
   };
-  std::string written;
-  written.reserve(parts[text].length);
-  std::vector<Step> ahead = {{text, 0}};
+  std::string written(parts[text].length, ' ');
+  std::vector<Place> ahead = {{text, 0}};
   while (!ahead.empty()) {
-    const Step step = ahead.back();
+    const Place place = ahead.back();
     ahead.pop_back();
-    if (step.text == kNoText) {
-      if (step.sign != 0) written += step.sign;
-      continue;
-    }
-    const Part& part = parts[step.text];
-    written += part.name;
+    const Part& part = parts[place.text];
+    written.replace(place.begin, part.name.size(), part.name);
     if (part.sign == '(') {
-      ahead.insert(ahead.end(), {{kNoText, ')'}, {part.left, 0}, {kNoText, '('}});
-    } else if (part.sign != 0) {
-      ahead.insert(ahead.end(), {{part.right, 0}, {kNoText, part.sign}, {part.left, 0}});
+      const std::size_t opening = place.begin + part.name.size();
+      written[opening] = '(';
+      written[place.begin + part.length - 1] = ')';
+      ahead.push_back({part.left, opening + 1});
+    } else if (part.sign != '\0') {
+      const std::size_t middle = place.begin + parts[part.left].length;
+      written[middle] = part.sign;
+      ahead.push_back({part.left, place.begin});
+      ahead.push_back({part.right, middle + 1});
     }
   }
   return written;

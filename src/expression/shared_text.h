@@ -27,7 +27,7 @@ class SharedTexts {
   static constexpr std::size_t kLongest = 16'000'000;
 
   /// The text of a name. The characters must live as long as this object.
-  Text word(std::string_view name) { return add({name, kNoText, kNoText, 0, name.size()}); }
+  Text word(std::string_view name) { return add({name, kNoText, kNoText, '\0', name.size()}); }
 
   /// The text of |x|, with six significant digits.
   Text number(double x);
@@ -46,7 +46,7 @@ class SharedTexts {
   struct Part {
     std::string_view name;
     Text left, right;
-    char sign;           // "(" of a call, 0 of a name alone
+    char sign;           // '(' of a call, '\0' of a name alone
     std::size_t length;  // kLongest + 1 stands for all that are too long
   };
 
