@@ -199,8 +199,8 @@ void jacobiEigen(benchmark::State& state) {
 
 BENCHMARK(productOurs)->Arg(4)->Arg(50)->Arg(200);
 BENCHMARK(productEigen)->Arg(4)->Arg(50)->Arg(200);
-BENCHMARK(lupOurs)->Arg(4)->Arg(50)->Arg(200);
-BENCHMARK(lupPlain)->Arg(4)->Arg(50)->Arg(200);
+BENCHMARK(lupOurs)->Arg(4)->Arg(10)->Arg(50)->Arg(200);
+BENCHMARK(lupPlain)->Arg(4)->Arg(10)->Arg(50)->Arg(200);
 BENCHMARK(lupEigen)->Arg(4)->Arg(50)->Arg(200);
 BENCHMARK(jacobiOurs)->Arg(10)->Arg(40)->Arg(80);
 BENCHMARK(jacobiPlain)->Arg(10)->Arg(40);
