@@ -12,7 +12,6 @@
 #include <vector>
 
 #include "matrices.h"
-#include "matrix/modulus.h"
 #include "nordika/solver.h"
 #include "outcome.h"
 
@@ -78,30 +77,6 @@ TEST(QR, KeepsWhatItTransforms) {
       sum += roots.begin()[i] - a(i, i);
     EXPECT_LT(std::abs(sum), kOrthogonalTolerance);
   }
-}
-
-// The plain square root of the sum misses the nearest double in the rows with many
-// digits, or its squares overflow or vanish.
-TEST(Modulus, IsTheNearestDouble) {
-  const double rows[][3] = {{3, -4, 5},
-                            {1.35, 1.01, 1.6860011862392033},
-                            {-1.191, 1.157, 1.6604607794223867},
-                            {2.88, 1.667, 3.3276551804536476},
-                            {2.637, 1.516, 3.0417141548804354},
-                            {0.483, 1.214, 1.3065546295505595},
-                            {1.4, 0.4, 1.4560219778561037},
-                            {1.63, 0.42, 1.6832409215557942},
-                            {1.03e300, 5.1e299, 1.1493476410555685e300},
-                            {1.92e-300, 3.5e-301, 1.9516403357176238e-300},
-                            {1.7e308, 1.7e308, kInfinity},
-                            {5e-324, -0.0, 5e-324},
-                            {1, 1e300, 1e300},
-                            {kNan, -kInfinity, kInfinity},
-                            {-kInfinity, kNan, kInfinity}};
-  for (const auto& [re, im, expected] : rows)
-    EXPECT_EQ(nordika::detail::modulus({re, im}), expected) << re << " " << im;
-  EXPECT_TRUE(std::isnan(nordika::detail::modulus({kNan, 1})));
-  EXPECT_TRUE(std::isnan(nordika::detail::modulus({1, kNan})));
 }
 
 TEST(Eigenvalues, AgreeWithPublishedOnes) {

@@ -7,13 +7,11 @@
 #include <vector>
 
 #include "matrix/matrix_trace.h"
-#include "matrix/modulus.h"
 #include "nordika/matrix.h"
 #include "nordika/trace.h"
 
 using nordika::Trace;
 using nordika::detail::kEigenElements;
-using nordika::detail::modulus;
 using nordika::detail::writeMatrix;
 
 namespace {
@@ -65,7 +63,7 @@ Estimates findRoots(Trace& trace, const Matrix& M, const Roots* previous, Roots&
         trace << root.real() << " + i*(" << root.imag() << ")\n";
         if (previous == nullptr) continue;
         // The method passes over a NaN here, and so does the comparison.
-        const double change = modulus(root - previous->begin()[j]);
+        const double change = std::abs(root - previous->begin()[j]);
         if (change > estimates.complex) estimates.complex = change;
       }
       estimates.hasComplex = true;

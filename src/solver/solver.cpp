@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstddef>
 #include <iterator>
+#include <string_view>
 #include <utility>
 
 #include "expression/point.h"
@@ -35,15 +36,8 @@ constexpr char kCalcF[] = "double NewtonProblem::calcF(int, const std::vector<do
 constexpr char kCalcJacobi[] =
     "double NewtonProblem::calcJacobi(int, int, const std::vector<double>&)";
 
-// Written before anything of the iteration is computed: an iteration that fails
-// leaves this line behind.
-void writeIterationStart(Trace& trace, int k) {
-  trace << "Iteration: " << k << "\n";
-  trace.flush();
-}
-
 // The closing parenthesis belongs to the last component, so n = 0 leaves it out.
-void writeIterationResult(Trace& trace, double estimate, const std::vector<double>& x) {
+void writeResult(Trace& trace, double estimate, const std::vector<double>& x) {
   trace << "Epsilon: " << estimate << "\n";
   trace.flush();
   trace << "x = (";
@@ -58,6 +52,31 @@ void writeIterationResult(Trace& trace, double estimate, const std::vector<doubl
 bool showIteration(int k, double estimate, const std::vector<double>& x) {
   auto* const watch = ScopedFunction<bool(int, double, const std::vector<double>&)>::current();
   return watch == nullptr || watch->call(k, estimate, x);
+}
+
+// Applies step(trace, x), which returns the estimate, until eps exceeds that.
+template <typename Step>
+std::vector<double> iterate(std::string_view method, std::vector<double> x, const double& eps,
+                            int& iters, Step step) {
+  Trace trace;
+  trace << method << " start.\n";
+  trace.flush();
+  for (int k = 1;; ++k) {
+    // Before anything is computed: an iteration that fails leaves this line behind.
+    trace << "Iteration: " << k << "\n";
+    trace.flush();
+    const double estimate = step(trace, x);
+    writeResult(trace, estimate, x);
+    const bool mayGoOn = showIteration(k, estimate, x);
+    // False for a NaN: such a run ends in a function or at the limit.
+    if (eps > estimate) {
+      trace << method << " stop (target accuracy achieved).\n\n";
+      iters = k;
+      return x;
+    }
+    if (!mayGoOn) throw Stopped();
+    if (k == kMaxIterations) throw MaxItersCountAchieved();
+  }
 }
 
 }  // namespace
@@ -113,71 +132,42 @@ double vnorm(const std::vector<double>& v) {
 
 std::vector<double> solve_nonlinear_system_simple_iters(SimpleItersProblem& problem,
                                                         const double& eps, int& iters) {
-  Trace trace;
-  trace << "Solve nonlinear system with simple iterations method start.\n";
-  trace.flush();
-  std::vector<double> x = problem.getStart();
-  std::vector<double> step = x;
-  Point prev;
   const double factor = problem.getQ() / (1.0 - problem.getQ());
-  for (int k = 1;; ++k) {
-    writeIterationStart(trace, k);
-    prev.assign(x);
-    step.swap(x);
-    for (std::size_t i = 0; i < x.size(); ++i) {
-      x[i] = prev.valueOf(problem.phi[i]);
-      step[i] = x[i] - step[i];
-    }
-    const double estimate = factor * vnorm(step);
-    writeIterationResult(trace, estimate, x);
-    const bool mayGoOn = showIteration(k, estimate, x);
-    // False for a NaN: such a run ends in a function or at the limit.
-    if (eps > estimate) {
-      trace << "Solve nonlinear system with simple iterations method stop (target accuracy "
-               "achieved).\n\n";
-      iters = k;
-      return x;
-    }
-    if (!mayGoOn) throw Stopped();
-    if (k == kMaxIterations) throw MaxItersCountAchieved();
-  }
+  Point prev;
+  std::vector<double> step = problem.getStart();
+  return iterate("Solve nonlinear system with simple iterations method", problem.getStart(), eps,
+                 iters, [&](Trace&, std::vector<double>& x) {
+                   prev.assign(x);
+                   step.swap(x);
+                   for (std::size_t i = 0; i < x.size(); ++i) {
+                     x[i] = prev.valueOf(problem.phi[i]);
+                     step[i] = x[i] - step[i];
+                   }
+                   return factor * vnorm(step);
+                 });
 }
 
 std::vector<double> solve_nonlinear_system_newton(NewtonProblem& problem, const double& eps,
                                                   int& iters) {
-  Trace trace;
-  trace << "Solve nonlinear system with Newton method start.\n";
-  trace.flush();
   const int n = problem.size();
-  std::vector<double> x = problem.getStart();
   Point point;
   Matrix W(n);
-  std::vector<double> r(x.size());
+  std::vector<double> r(problem.f.size());
   LupSolver solver;
-  for (int k = 1;; ++k) {
-    writeIterationStart(trace, k);
-    point.assign(x);
-    for (int i = 0; i < n; ++i)
-      r.begin()[i] = -point.valueOf(problem.f.begin()[i]);
-    for (int i = 0; i < n; ++i) {
-      std::vector<Function>& row = problem.jacobi.begin()[i];
-      for (int j = 0; j < n; ++j) {
-        if (std::ssize(row) <= j) throw MatrixWrongDimensions();
-        W(i, j) = point.valueOf(row.begin()[j]);
-      }
-    }
-    const std::vector<double>& delta = solver.solve(W, r, trace);
-    for (std::size_t i = 0; i < x.size(); ++i)
-      x[i] += delta[i];
-    const double estimate = vnorm(delta);
-    writeIterationResult(trace, estimate, x);
-    const bool mayGoOn = showIteration(k, estimate, x);
-    if (eps > estimate) {
-      trace << "Solve nonlinear system with Newton method stop (target accuracy achieved).\n\n";
-      iters = k;
-      return x;
-    }
-    if (!mayGoOn) throw Stopped();
-    if (k == kMaxIterations) throw MaxItersCountAchieved();
-  }
+  return iterate("Solve nonlinear system with Newton method", problem.getStart(), eps, iters,
+                 [&](Trace& trace, std::vector<double>& x) {
+                   point.assign(x);
+                   for (int i = 0; i < n; ++i)
+                     r.begin()[i] = -point.valueOf(problem.f.begin()[i]);
+                   for (int i = 0; i < n; ++i) {
+                     std::vector<Function>& row = problem.jacobi.begin()[i];
+                     if (std::ssize(row) < n) throw MatrixWrongDimensions();
+                     for (int j = 0; j < n; ++j)
+                       W(i, j) = point.valueOf(row.begin()[j]);
+                   }
+                   const std::vector<double>& delta = solver.solve(W, r, trace);
+                   for (std::size_t i = 0; i < x.size(); ++i)
+                     x[i] += delta[i];
+                   return vnorm(delta);
+                 });
 }
