@@ -29,8 +29,7 @@ class ValueMap {
 
   ValueMap() = default;
   ValueMap(const ValueMap&) = default;
-  ValueMap(ValueMap&& other) noexcept
-      : values(std::move(other.values)), changes(other.changes++) {}
+  ValueMap(ValueMap&& other) noexcept : values(std::move(other.values)), changes(other.changes++) {}
   ~ValueMap() = default;
 
   ValueMap& operator=(const ValueMap& other) { return *this = ValueMap(other); }
