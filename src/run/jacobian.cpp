@@ -11,7 +11,7 @@ std::vector<std::string> derivedJacobian(const std::vector<Function>& functions)
   std::vector<std::string> texts;
   for (const Function& function : functions) {
     for (std::size_t j = 1; j <= functions.size(); ++j)
-      texts.push_back(derivative(function, "x" + std::to_string(j)));
+      texts.push_back(derivative(function, std::string("x").append(std::to_string(j))));
   }
   return texts;
 }
