@@ -106,8 +106,11 @@ std::string lineOnElement(Function& function, Function& element, Function& deriv
       const double larger = std::max(std::fabs(typed.value), std::fabs(expected.value));
       const double tolerance = 1e-5 * larger + 4 * (typed.error + expected.error);
       if (std::fabs(typed.value - expected.value) > tolerance)
-        return name + ": typed " + shownNumber(typed.value) + ", expected " +
-               shownNumber(expected.value);
+        return std::string(name)
+            .append(": typed ")
+            .append(shownNumber(typed.value))
+            .append(", expected ")
+            .append(shownNumber(expected.value));
     } catch (...) {
       if (fault == nullptr) fault = std::current_exception();
     }
@@ -132,7 +135,7 @@ std::string linesOnWrongElements(System& system, const std::vector<double>& star
       name.append(std::to_string(i + 1)).append("][").append(std::to_string(j + 1)).append("]");
       const std::string line =
           lineOnElement(system.functions[i], system.jacobian[i][j], derivative, points, name);
-      if (!line.empty()) lines += line + " = " + text + "\n";
+      if (!line.empty()) lines.append(line).append(" = ").append(text).append("\n");
     }
   }
   return lines;

@@ -113,7 +113,7 @@ Places Program::locate(const ValueMap& variables) const {
 // (script/bench, E4). Compilers take labels as values, though the language does not.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wpedantic"
-// NOLINTNEXTLINE(bugprone-macro-parentheses): a statement
+// NOLINTBEGIN(bugprone-macro-parentheses): statements and labels
 #define NEXT() goto* kLabels[static_cast<int>((++at)->code)]
 // The two instructions of an operator.
 // clang-format off
@@ -125,6 +125,8 @@ Places Program::locate(const ValueMap& variables) const {
   label##Operand:                                                                             \
   top = rowOf(Code::label).compute(top, *places[at->index]);                                  \
   NEXT()
+
+// NOLINTEND(bugprone-macro-parentheses)
 
 double Program::run(const double* const* places, double* stack) const {
   static const void* const kLabels[] = {

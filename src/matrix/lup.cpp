@@ -13,7 +13,6 @@
 
 using nordika::Trace;
 using nordika::detail::checkRowLengths;
-using nordika::detail::kFactorElements;
 using nordika::detail::LupSolver;
 
 namespace {

@@ -17,11 +17,15 @@ struct PlacedText {
 
 std::vector<PlacedText> textsOf(const Problem& problem) {
   std::vector<PlacedText> texts;
-  const int n = static_cast<int>(problem.functions.size());
-  for (int i = 0; i < n; ++i)
-    texts.push_back({{true, i, 0}, problem.functions.begin()[i]});
-  for (int i = 0; i < static_cast<int>(problem.jacobian.size()); ++i)
-    texts.push_back({{false, i / n, i % n}, problem.jacobian.begin()[i]});
+  texts.reserve(problem.functions.size() + problem.jacobian.size());
+  int n = 0;
+  for (const std::string& text : problem.functions)
+    texts.push_back({{true, n++, 0}, text});
+  TextPlace place = {false, 0, 0};
+  for (const std::optional<std::string>& text : problem.jacobian) {
+    texts.push_back({place, text});
+    if (++place.column == n) place = {false, place.row + 1, 0};
+  }
   return texts;
 }
 
@@ -40,12 +44,14 @@ bool fails(Action action) {
 std::optional<Blame> findBlame(const Problem& problem, const std::vector<double>& x) {
   const std::string parameters = parameterText(problem.a);
   const std::vector<PlacedText> texts = textsOf(problem);
-  for (const auto& [place, text] : texts) {
-    if (fails([&] { compile(text, parameters); })) return Blame{place, text.value_or(""), {}};
+  for (const PlacedText& placed : texts) {
+    if (fails([&] { compile(placed.text, parameters); }))
+      return Blame{placed.place, placed.text.value_or(""), {}};
   }
   if (!std::all_of(x.begin(), x.end(), [](double v) { return std::isfinite(v); })) return {};
-  for (const auto& [place, text] : texts) {
-    if (fails([&] { compile(text, parameters)(x); })) return Blame{place, *text, x};
+  for (const PlacedText& placed : texts) {
+    if (fails([&] { compile(placed.text, parameters)(x); }))
+      return Blame{placed.place, *placed.text, x};
   }
   return {};
 }
