@@ -218,7 +218,7 @@ TEST(IterationWatch, NestsAndIsPassedOverWhileItRuns) {
   inner.reset();
   run();
   EXPECT_EQ(seen, "inner1 inner2 inner3 inner4 ");
-  EXPECT_DEATH(nordika::IterationWatch(nullptr), "isEmpty");
+  EXPECT_DEATH({ const nordika::IterationWatch none(nullptr); }, "isEmpty");
 }
 
 TEST(ProblemsDeathTest, AssertTheirPreconditions) {
