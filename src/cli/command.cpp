@@ -5,6 +5,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <map>
 #include <set>
@@ -36,7 +37,11 @@ struct Options {
   CLI::Option* functions = addList("--functions", "TEXT", "The functions");
   CLI::Option* jacobian =
       addList("--jacobian", "TEXT", "The Jacobi matrix, row by row; only newton");
+  CLI::Option* maxIterations =
+      add("--max-iterations", "NUMBER", "The limit of iterations [100000]");
   CLI::Option* log = add("--log", "FILE", "Write the iterations to FILE");
+  CLI::Option* quiet = addFlag("--quiet", "Write no iterations");
+  CLI::Option* json = addFlag("--json", "Print the outcome as a JSON object");
   CLI::Option* config = add("--config", "FILE", "Read options from FILE");
   CLI::Option* checkJacobian = addFlag(
       "--check-jacobian", "Only compare the Jacobi matrix with differences of the functions");
@@ -220,6 +225,12 @@ std::string parse(Options& options, const Words& words) {
   return "";
 }
 
+// 0 for what is no limit of iterations.
+int toLimit(double number) {
+  const bool isLimit = number >= 1 && number <= kMaxIterations && number == std::trunc(number);
+  return isLimit ? static_cast<int>(number) : 0;
+}
+
 void check(const Options& options, const Given& given, const Command& command) {
   const Problem& problem = command.problem;
   const auto refuseIf = [&given](bool isWrong, const CLI::Option* option,
@@ -238,9 +249,14 @@ void check(const Options& options, const Given& given, const Command& command) {
     refuseOther(options.jacobian, "newton");
     refuseIf(command.checksJacobian, options.checkJacobian, " is only for --method newton");
   }
+  refuseIf(command.isJson && command.checksJacobian, options.json,
+           " cannot go with --check-jacobian");
+  refuseIf(command.isQuiet && command.log, options.quiet, " cannot go with --log");
   refuseIf(problem.eps <= 0, options.eps, " is not positive");
   refuseIf(problem.q <= 1e-8 || problem.q >= 1.0 - 1e-8, options.q,
            " is outside 1e-08 < q < 1 - 1e-08");
+  refuseIf(problem.maxIterations == 0, options.maxIterations,
+           " is not a whole number from 1 to " + std::to_string(kMaxIterations));
   const std::size_t n = problem.functions.size();
   refuseIf(n == 0, options.functions, " is missing; see nordika-solve --help");
   const auto requireCount = [&](const CLI::Option* option, std::size_t count, std::size_t wanted) {
@@ -263,12 +279,15 @@ Command readCommand(int argc, const char* const* argv) {
   command.answer = parse(options, {argv + std::min(argc, 1), argv + argc});
   if (!command.answer.empty()) return command;
   const Given given(options);
+  command.isJson = given.isSet(options.json);
+  command.isQuiet = given.isSet(options.quiet);
   command.checksJacobian = given.isSet(options.checkJacobian);
   Problem& problem = command.problem;
   problem.isNewton = given.textOf(options.method, "simple") == "newton";
   problem.eps = given.numberOf(options.eps, "1e-05");
   problem.a = given.numberOf(options.a, "0");
   problem.q = given.numberOf(options.q, "0.5");
+  problem.maxIterations = toLimit(given.numberOf(options.maxIterations, "100000"));
   problem.start = given.numbersOf(options.start);
   problem.functions = given.valuesOf(options.functions);
   const Words elements = given.valuesOf(options.jacobian);

@@ -23,6 +23,8 @@ class WrongUsage : public std::runtime_error {
 struct Command {
   std::string answer;              ///< the text of --help or --version
   bool checksJacobian = false;     ///< check the Jacobi matrix instead of solving
+  bool isJson = false;             ///< print the outcome as JSON
+  bool isQuiet = false;            ///< write no trace
   Problem problem;                 ///< what is to be solved or checked
   std::optional<std::string> log;  ///< the file for the trace, if not the error stream
 };

@@ -16,12 +16,16 @@ struct PlacedText {
 };
 
 std::vector<PlacedText> textsOf(const Problem& problem) {
-  std::vector<PlacedText> texts;
   const int n = static_cast<int>(problem.functions.size());
+  std::vector<PlacedText> texts;
+  texts.reserve(problem.functions.size() + problem.jacobian.size());
   for (int i = 0; i < n; ++i)
     texts.push_back({{true, i, 0}, problem.functions.begin()[i]});
-  for (int i = 0; i < static_cast<int>(problem.jacobian.size()); ++i)
-    texts.push_back({{false, i / n, i % n}, problem.jacobian.begin()[i]});
+  TextPlace place = {false, 0, 0};
+  for (const std::optional<std::string>& element : problem.jacobian) {
+    texts.push_back({place, element});
+    if (++place.column == n) place = {false, place.row + 1, 0};
+  }
   return texts;
 }
 
@@ -35,17 +39,41 @@ bool fails(Action action) {
   return false;
 }
 
+// The arguments of the last call; empty if there was none.
+std::vector<double> argumentsOf(const Function& function, std::size_t n) {
+  std::vector<double> x;
+  for (std::size_t i = 1; i <= n; ++i) {
+    std::string name = "x";
+    const auto found = function.variables.find(name += std::to_string(i));
+    if (found == function.variables.end()) return {};
+    x.push_back(found->second);
+  }
+  return x;
+}
+
 }  // namespace
 
 std::optional<Blame> findBlame(const Problem& problem, const std::vector<double>& x) {
   const std::string parameters = parameterText(problem.a);
   const std::vector<PlacedText> texts = textsOf(problem);
-  for (const auto& [place, text] : texts) {
-    if (fails([&] { compile(text, parameters); })) return Blame{place, text.value_or(""), {}};
+  for (const PlacedText& t : texts) {
+    if (fails([&] { compile(t.text, parameters); })) return Blame{t.place, t.text.value_or(""), {}};
   }
   if (!std::all_of(x.begin(), x.end(), [](double v) { return std::isfinite(v); })) return {};
-  for (const auto& [place, text] : texts) {
-    if (fails([&] { compile(text, parameters)(x); })) return Blame{place, *text, x};
+  for (const PlacedText& t : texts) {
+    if (fails([&] { compile(t.text, parameters)(x); })) return Blame{t.place, *t.text, x};
+  }
+  return {};
+}
+
+std::optional<Blame> findBlame(const Problem& problem, System& system) {
+  for (const auto& [place, text] : textsOf(problem)) {
+    std::vector<Function>& row =
+        place.isFunction ? system.functions : system.jacobian.begin()[place.row];
+    Function& function = row.begin()[place.isFunction ? place.row : place.column];
+    const std::vector<double> x = argumentsOf(function, problem.functions.size());
+    if (!x.empty() && fails([&] { function.calculate(function.postfix); }))
+      return Blame{place, text.value_or(""), x};
   }
   return {};
 }

@@ -18,6 +18,10 @@ namespace nordika {
 /// @param x of length n; where an element is not finite, no text is to blame
 std::optional<Blame> findBlame(const Problem& problem, const std::vector<double>& x);
 
+/// Finds the first function of the system that fails with the arguments of its last call.
+/// Those that have not been called are not to blame.
+std::optional<Blame> findBlame(const Problem& problem, System& system);
+
 }  // namespace nordika
 
 #endif
