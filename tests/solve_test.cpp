@@ -113,6 +113,10 @@ TEST_F(SolveTest, RefusesWrongUsage) {
   check("usage.txt");
 }
 
+TEST_F(SolveTest, PlotsLogs) {
+  check("plot.txt");
+}
+
 TEST_F(SolveTest, ChecksJacobiMatrices) {
   check("jacobian.txt");
 }

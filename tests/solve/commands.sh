@@ -43,6 +43,23 @@ files() {
   done
 }
 
+# nordika-plot as it is installed.
+plot() {
+  mkdir -p usr/bin usr/share/nordika
+  sed 's|@recipe_from_bin@|../share/nordika/convergence.gnuplot|' "$examples/../packaging/nordika-plot.in" >usr/bin/nordika-plot
+  cp "$examples/../docs/convergence.gnuplot" usr/share/nordika
+  sh usr/bin/nordika-plot "$@"
+}
+
+# The points that the recipe draws by these settings, and the titles of the curves.
+points() {
+  LC_ALL=C.UTF-8 gnuplot -d -e "table='table'; $1" "$examples/../docs/convergence.gnuplot" &&
+    sed -n 's/^# Curve title: "\(.*\)"/\1/p; s/^ \([^ ]* [^ ]*\) .*/\1/p' table
+}
+
+# The titles in a picture.
+titles() { grep -o '<title>[^<]*' "$1" | sed -n 's/.*>\(.*[^ ]\)$/\1/p' | grep -v '^gnuplot_plot\|^Gnuplot'; }
+
 long() {
   printf '%s' "$1"
   yes "$2" | head -n 25000 | tr -d '\n'
