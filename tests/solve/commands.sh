@@ -60,6 +60,13 @@ points() {
 # The titles in a picture.
 titles() { grep -o '<title>[^<]*' "$1" | sed -n 's/.*>\(.*[^ ]\)$/\1/p' | grep -v '^gnuplot_plot\|^Gnuplot'; }
 
+# What bash offers for the last of these words.
+offers() {
+  bash -c '. "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); function=$(complete -p "$1")
+    function=${function#*-F }; "${function% *}" "${program:?}" && echo "[${COMPREPLY[*]}]"' \
+    bash "$examples/../packaging/completion.bash" "$@"
+}
+
 long() {
   printf '%s' "$1"
   yes "$2" | head -n 25000 | tr -d '\n'
