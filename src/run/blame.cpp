@@ -16,14 +16,14 @@ struct PlacedText {
 };
 
 std::vector<PlacedText> textsOf(const Problem& problem) {
-  const int n = static_cast<int>(problem.functions.size());
   std::vector<PlacedText> texts;
   texts.reserve(problem.functions.size() + problem.jacobian.size());
-  for (int i = 0; i < n; ++i)
-    texts.push_back({{true, i, 0}, problem.functions.begin()[i]});
+  int n = 0;
+  for (const std::string& text : problem.functions)
+    texts.push_back({{true, n++, 0}, text});
   TextPlace place = {false, 0, 0};
-  for (const std::optional<std::string>& element : problem.jacobian) {
-    texts.push_back({place, element});
+  for (const std::optional<std::string>& text : problem.jacobian) {
+    texts.push_back({place, text});
     if (++place.column == n) place = {false, place.row + 1, 0};
   }
   return texts;
@@ -56,12 +56,14 @@ std::vector<double> argumentsOf(const Function& function, std::size_t n) {
 std::optional<Blame> findBlame(const Problem& problem, const std::vector<double>& x) {
   const std::string parameters = parameterText(problem.a);
   const std::vector<PlacedText> texts = textsOf(problem);
-  for (const PlacedText& t : texts) {
-    if (fails([&] { compile(t.text, parameters); })) return Blame{t.place, t.text.value_or(""), {}};
+  for (const PlacedText& placed : texts) {
+    if (fails([&] { compile(placed.text, parameters); }))
+      return Blame{placed.place, placed.text.value_or(""), {}};
   }
   if (!std::all_of(x.begin(), x.end(), [](double v) { return std::isfinite(v); })) return {};
-  for (const PlacedText& t : texts) {
-    if (fails([&] { compile(t.text, parameters)(x); })) return Blame{t.place, *t.text, x};
+  for (const PlacedText& placed : texts) {
+    if (fails([&] { compile(placed.text, parameters)(x); }))
+      return Blame{placed.place, *placed.text, x};
   }
   return {};
 }
