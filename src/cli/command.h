@@ -24,6 +24,8 @@ struct Command {
   std::string answer;              ///< the text of --help or --version
   bool checksJacobian = false;     ///< check the Jacobi matrix instead of solving
   bool printsJacobian = false;     ///< print the derived Jacobi matrix instead of solving
+  bool isJson = false;             ///< print the outcome as JSON
+  bool isQuiet = false;            ///< write no trace
   Problem problem;                 ///< what is to be solved or checked
   std::optional<std::string> log;  ///< the file for the trace, if not the error stream
 };

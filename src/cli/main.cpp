@@ -7,6 +7,8 @@
 
 #include "cli/check_jacobian.h"
 #include "cli/command.h"
+#include "cli/failure_lines.h"
+#include "cli/json.h"
 #include "cli/output.h"
 #include "cli/streams.h"
 #include "run/jacobian.h"
@@ -33,34 +35,46 @@ int finish(const std::string& text, int status) {
   return kFailed;
 }
 
+// The message is the last line.
+void complainOf(const nordika::Failure& failure, const nordika::Problem& problem,
+                const nordika::Course& course) {
+  const bool isLimit = failure.message.starts_with(messages::kLimitAchieved.shown);
+  const std::string line =
+      isLimit ? nordika::lineOnEstimates(problem, course) : nordika::lineOnText(failure);
+  if (!line.empty()) complain(kName + line);
+  complain(failure.message);
+}
+
 int run(const Command& command) {
   nordika::LogFile log;
+  std::optional<nordika::TraceRedirect> silence;
+  if (command.isQuiet) silence.emplace(nullptr);
   if (command.log && !log.open(*command.log)) {
     complain(aboutLog(messages::kLogNotOpened, *command.log));
     return kWrongUsage;
   }
   std::string output;
-  std::optional<nordika::Failure> failure;
   bool isWrong = false;
+  nordika::Outcome outcome;
   if (command.checksJacobian) {
-    failure = nordika::attempt(command.problem, [&](nordika::System& system) {
+    outcome.failure = nordika::attempt(command.problem, [&](nordika::System& system) {
       output = nordika::linesOnWrongElements(system, command.problem.start);
       isWrong = !output.empty();
       if (!isWrong) output = nordika::lineOfAgreement(command.problem.jacobian.size());
     });
   } else if (command.printsJacobian) {
-    failure = nordika::attempt(command.problem, [&](const nordika::System& system) {
+    outcome.failure = nordika::attempt(command.problem, [&](const nordika::System& system) {
       output = nordika::lineOfJacobian(nordika::derivedJacobian(system.functions));
     });
   } else {
-    const nordika::Outcome outcome = nordika::solve(command.problem);
-    failure = outcome.failure;
-    output = nordika::linesOf(outcome);
+    outcome = nordika::solve(command.problem);
+    output = command.isJson ? nordika::jsonOf(command.problem, outcome) : nordika::linesOf(outcome);
   }
   const bool isLogWhole = log.close();
   if (!isLogWhole) complain(aboutLog(messages::kLogNotWhole, *command.log));
-  if (failure) {
-    complain(failure->message);
+  if (outcome.failure) {
+    if (command.isJson) finish(output, kFailed);
+    complainOf(*outcome.failure, command.problem, outcome.course);
     return kFailed;
   }
   return finish(output, !isLogWhole ? kWrongUsage : isWrong ? kWrongJacobian : kSolved);

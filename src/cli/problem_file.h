@@ -4,26 +4,32 @@
 #ifndef NORDIKA_CLI_PROBLEM_FILE_H
 #define NORDIKA_CLI_PROBLEM_FILE_H
 
-#include <CLI/CLI.hpp>
-#include <istream>
+#include <map>
+#include <string>
 #include <vector>
 
 namespace nordika {
 
-/// The problem files, as CLI11 reads TOML and INI, but without what it passes over
-/// in silence or mistakes: that is refused.
-class ProblemFile : public CLI::ConfigTOML {
- public:
-  /// For the files of a program with these options.
-  explicit ProblemFile(const CLI::App& program) : app(program) {}
+/// What the value of a key is.
+enum class Kind { kFlag, kNumber, kText, kNumbers, kTexts, kMatrix };
 
-  /// Reads the keys and their values.
-  /// @throws CLI::ConfigError for a file that is refused
-  std::vector<CLI::ConfigItem> from_config(std::istream& input) const override;
-
- private:
-  const CLI::App& app;
+/// What has been given for a key.
+struct Setting {
+  std::string name;                 ///< what messages call it: "p.toml:3: eps"
+  std::vector<std::string> values;  ///< one, except for lists; matrices row by row
 };
+
+/// Settings by their keys.
+using Settings = std::map<std::string, Setting>;
+
+/// What messages call a problem file: "-" is the standard input.
+std::string shownFile(const std::string& file);
+
+/// Reads a problem file, which is TOML.
+/// @param file its name; "-" for the standard input
+/// @param keys the keys that it may have
+/// @throws WrongUsage with file, line and key
+Settings readProblemFile(const std::string& file, const std::map<std::string, Kind>& keys);
 
 }  // namespace nordika
 

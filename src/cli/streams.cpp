@@ -29,6 +29,18 @@ bool print(std::string_view text) {
   return writeAll(STDOUT_FILENO, text) && close(STDOUT_FILENO) == 0;
 }
 
+std::optional<std::string> contentOf(const std::string& name) {
+  const int file = name == "-" ? STDIN_FILENO : ::open(name.c_str(), O_RDONLY | O_CLOEXEC);
+  std::string content;
+  char part[4096];
+  ssize_t size = 0;
+  while ((size = read(file, part, sizeof part)) > 0)
+    content.append(part, static_cast<std::size_t>(size));
+  if (file > STDIN_FILENO) ::close(file);
+  if (size < 0) return std::nullopt;
+  return content;
+}
+
 void complain(std::string text) {
   const auto isControl = [](char c) { return (c >= '\0' && c < ' ') || c == '\x7f'; };
   std::replace_if(text.begin(), text.end(), isControl, '?');

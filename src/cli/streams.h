@@ -20,6 +20,10 @@ void surviveFailedWrites();
 /// @return whether all of it was written; errno tells why not
 bool print(std::string_view text);
 
+/// The content of a file, or of the standard input for the name "-"; nothing if it cannot be
+/// read.
+std::optional<std::string> contentOf(const std::string& name);
+
 /// Writes a line to the standard error stream. Control characters of the text
 /// become question marks, so that it stays one line.
 void complain(std::string text);

@@ -3,7 +3,8 @@
 
 #include "run/run.h"
 
-#include "nordika/solver.h"
+#include <utility>
+
 #include "nordika/trace.h"
 #include "number/six_digits.h"
 #include "run/blame.h"
@@ -32,8 +33,9 @@ System compileAll(Problem& problem) {
   return system;
 }
 
-// Tells of the exception that is handled. Each detail is appended to its text.
-Failure describe() {
+// Tells of the exception that is handled, in a run with this limit of iterations. Each
+// detail is appended to its text.
+Failure describe(int maxIterations) {
   const auto failure = [](const messages::Texts& texts, const std::string& loggedDetail = {},
                           const std::string& shownDetail = {}) {
     std::string cause = texts.logged + loggedDetail;
@@ -49,8 +51,8 @@ Failure describe() {
     return failure(messages::kBadResult);
   } catch (const ExpressionUnknownVariable& variable) {
     return failure(messages::kUnknownVariable, variable.name, variable.name);
-  } catch (const MaxItersCountAchieved&) {
-    return failure(messages::kLimitAchieved, {}, std::to_string(kMaxIterations));
+  } catch (const Stopped&) {
+    return failure(messages::kLimitAchieved, {}, std::to_string(maxIterations));
   } catch (const MatrixIsSingular&) {
     return failure(messages::kSingularMatrix);
   } catch (...) {
@@ -71,27 +73,39 @@ Function compile(const std::optional<std::string>& text, const std::string& para
 }
 
 std::optional<Failure> attempt(Problem problem, const std::function<void(System&)>& use) {
-  std::vector<double> x = problem.start;
-  const IterationWatch watch([&x](int, double, const std::vector<double>& approximation) {
-    x = approximation;
-    return true;
+  Course course;
+  return attempt(std::move(problem), use, course);
+}
+
+std::optional<Failure> attempt(Problem problem, const std::function<void(System&)>& use,
+                               Course& course) {
+  course = {problem.start};
+  // The last iteration that is allowed is also stopped here, so that every limit counts alike.
+  const IterationWatch watch([&](int k, double estimate, const std::vector<double>& x) {
+    course.x = x;
+    course.estimate = estimate;
+    if (estimate < course.smallest) {
+      course.smallest = estimate;
+      course.smallestAt = k;
+    }
+    return k < problem.maxIterations;
   });
   try {
     System system = compileAll(problem);
     use(system);
     return std::nullopt;
-  } catch (const MaxItersCountAchieved&) {
-    return describe();  // every text had a value
+  } catch (const Stopped&) {
+    return describe(problem.maxIterations);  // every text had a value
   } catch (...) {
-    Failure failure = describe();
-    failure.blame = findBlame(problem, x);
+    Failure failure = describe(problem.maxIterations);
+    failure.blame = findBlame(problem, course.x);
     return failure;
   }
 }
 
 Outcome solve(const Problem& problem) {
   Outcome outcome;
-  outcome.failure = attempt(problem, [&](const System& system) {
+  const auto use = [&](const System& system) {
     if (problem.isNewton) {
       NewtonProblem newton(system.functions, problem.start, system.jacobian);
       outcome.solution = solve_nonlinear_system_newton(newton, problem.eps, outcome.iterations);
@@ -100,7 +114,8 @@ Outcome solve(const Problem& problem) {
       outcome.solution =
           solve_nonlinear_system_simple_iters(simple, problem.eps, outcome.iterations);
     }
-  });
+  };
+  outcome.failure = attempt(problem, use, outcome.course);
   return outcome;
 }
 

@@ -5,11 +5,13 @@
 #define NORDIKA_RUN_RUN_H
 
 #include <functional>
+#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "nordika/functions.h"
+#include "nordika/solver.h"
 
 namespace nordika {
 
@@ -25,6 +27,7 @@ struct Problem {
   /// derives them if it has none. A cell without a text makes the run fail when it is
   /// reached.
   std::vector<std::optional<std::string>> jacobian;
+  int maxIterations = kMaxIterations;  ///< the limit, 1 to kMaxIterations
 };
 
 /// The functions of a problem, compiled.
@@ -55,11 +58,20 @@ struct Failure {
   std::optional<Blame> blame;  ///< nothing where no single text is to blame
 };
 
+/// How far a run has come.
+struct Course {
+  std::vector<double> x;  ///< the approximation, of length n
+  double estimate = 0;    ///< of the last iteration; 0 before the first
+  double smallest = std::numeric_limits<double>::infinity();  ///< of all estimates
+  int smallestAt = 0;  ///< the first iteration with that estimate; 0 before the first
+};
+
 /// How a run ended.
 struct Outcome {
   std::vector<double> solution;    ///< of length n; empty after a failure
   int iterations = 0;              ///< their number; 0 after a failure
   std::optional<Failure> failure;  ///< why there is no solution
+  Course course;                   ///< how far it has come
 };
 
 /// The value of the parameter a as an assignment text, "a = 0.4"; six digits.
@@ -75,6 +87,11 @@ Function compile(const std::optional<std::string>& text, const std::string& para
 /// failure of either is written to the run log and returned. Functions that fail in `use`
 /// are looked for at the approximation that a method has reached there, or at the start.
 std::optional<Failure> attempt(Problem problem, const std::function<void(System&)>& use);
+
+/// @overload
+/// @param course receives how far the run has come, also after a failure
+std::optional<Failure> attempt(Problem problem, const std::function<void(System&)>& use,
+                               Course& course);
 
 /// Solves the problem by its method. A failure is written to the run log.
 Outcome solve(const Problem& problem);

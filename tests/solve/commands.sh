@@ -35,6 +35,38 @@ file() {
   solve --config p.toml
 }
 
+# Solves a problem file of each text, in which \n ends lines. Prints the answers alone.
+files() {
+  for text; do
+    printf '%b' "$text" >p.toml
+    echo $(solve --config p.toml 2>errors-of-file || tail -n 1 errors-of-file)
+  done
+}
+
+# nordika-plot as it is installed.
+plot() {
+  mkdir -p usr/bin usr/share/nordika
+  sed 's|@recipe_from_bin@|../share/nordika/convergence.gnuplot|' "$examples/../packaging/nordika-plot.in" >usr/bin/nordika-plot
+  cp "$examples/../docs/convergence.gnuplot" usr/share/nordika
+  sh usr/bin/nordika-plot "$@"
+}
+
+# The points that the recipe draws by these settings, and the titles of the curves.
+points() {
+  LC_ALL=C.UTF-8 gnuplot -d -e "table='table'; $1" "$examples/../docs/convergence.gnuplot" &&
+    sed -n 's/^# Curve title: "\(.*\)"/\1/p; s/^ \([^ ]* [^ ]*\) .*/\1/p' table
+}
+
+# The titles in a picture.
+titles() { grep -o '<title>[^<]*' "$1" | sed -n 's/.*>\(.*[^ ]\)$/\1/p' | grep -v '^gnuplot_plot\|^Gnuplot'; }
+
+# What bash offers for the last of these words.
+offers() {
+  bash -c '. "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); function=$(complete -p "$1")
+    function=${function#*-F }; "${function% *}" "${program:?}" && echo "[${COMPREPLY[*]}]"' \
+    bash "$examples/../packaging/completion.bash" "$@"
+}
+
 long() {
   printf '%s' "$1"
   yes "$2" | head -n 25000 | tr -d '\n'
@@ -55,10 +87,14 @@ refused() {
   return $status
 }
 
-# The message is the option parser's own.
-told() {
-  "$@" 2>told
-  status=$?
-  sed 's/: .*/: .../' told >&2
+# Refuses a problem file of each text. Of a fault of TOML only the line counts: the
+# library's words differ from version to version.
+faults() {
+  for text; do
+    printf '%b' "$text" >p.toml
+    refused solve --config p.toml 2>told
+    status=$?
+    sed -E 's/(:[0-9]+: )E(rror while|ncountered) .*/\1.../' told >&2
+  done
   return $status
 }
