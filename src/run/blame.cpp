@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "run/compile.h"
+
 namespace nordika {
 
 namespace {

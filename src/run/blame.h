@@ -8,9 +8,24 @@
 #include <string>
 #include <vector>
 
-#include "run/run.h"
+#include "run/problem.h"
 
 namespace nordika {
+
+/// Where a text stands: function `row`, or element (`row`, `column`) of the Jacobi matrix,
+/// counted from 0.
+struct TextPlace {
+  bool isFunction;
+  int row;
+  int column;
+};
+
+/// The text that made a run fail.
+struct Blame {
+  TextPlace place;        ///< where it stands
+  std::string text;       ///< the text; empty where there is none
+  std::vector<double> x;  ///< the approximation at which it failed; empty if it did not compile
+};
 
 /// Finds the text that made a run fail: the first one that does not compile, otherwise the
 /// first one that fails at the approximation x. Both in the order of the methods: the

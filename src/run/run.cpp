@@ -6,32 +6,11 @@
 #include <utility>
 
 #include "nordika/trace.h"
-#include "number/six_digits.h"
-#include "run/blame.h"
-#include "run/jacobian.h"
 #include "run/messages.h"
 
 namespace nordika {
 
 namespace {
-
-// Derives the texts of the Jacobi matrix if Newton's method has none.
-System compileAll(Problem& problem) {
-  const std::string parameters = parameterText(problem.a);
-  System system;
-  for (const std::string& text : problem.functions)
-    system.functions.push_back(compile(text, parameters));
-  if (problem.isNewton && problem.jacobian.empty()) {
-    const std::vector<std::string> derived = derivedJacobian(system.functions);
-    problem.jacobian.assign(derived.begin(), derived.end());
-  }
-  const std::size_t n = problem.functions.size();
-  for (std::size_t i = 0; i < problem.jacobian.size(); ++i) {
-    if (i % n == 0) system.jacobian.emplace_back();
-    system.jacobian.back().push_back(compile(problem.jacobian[i], parameters));
-  }
-  return system;
-}
 
 // Tells of the exception that is handled, in a run with this limit of iterations. Each
 // detail is appended to its text.
@@ -61,16 +40,6 @@ Failure describe(int maxIterations) {
 }
 
 }  // namespace
-
-std::string parameterText(double a) {
-  char digits[detail::kSixDigitsLength];
-  return "a = " + std::string(digits, detail::writeSixDigits(digits, a));
-}
-
-Function compile(const std::optional<std::string>& text, const std::string& parameters) {
-  if (!text) throw 42;
-  return {text->empty() ? "0" : *text, parameters};
-}
 
 std::optional<Failure> attempt(Problem problem, const std::function<void(System&)>& use) {
   Course course;
