@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+#include <algorithm>
 #include <clocale>
 
 #include <QAbstractItemDelegate>
@@ -11,6 +12,7 @@
 #include "app/run_log.h"
 #include "app/widget.h"
 #include "nordika/trace.h"
+#include "run/foreign.h"
 #include "run/messages.h"
 #include "run/run.h"
 #include "ui_widget.h"
@@ -32,6 +34,15 @@ void showError(const QString& text) {
 // no expression may contain.
 std::string bytesOf(const QString& text) {
   return text.toLatin1().toStdString();
+}
+
+// The first characters that the language lacks: where they begin, and how many follow each
+// other.
+std::pair<int, int> foreignIn(const QString& text) {
+  const auto isOfLanguage = [](QChar c) { return nordika::isOfLanguage(c.unicode()); };
+  const auto begin = std::find_if_not(text.begin(), text.end(), isOfLanguage);
+  const auto end = std::find_if(begin, text.end(), isOfLanguage);
+  return {static_cast<int>(begin - text.begin()), static_cast<int>(end - begin)};
 }
 
 nordika::Row rowOf(const Ui_Widget& ui, int i) {
@@ -56,7 +67,7 @@ void Widget::calculate() {
   const nordika::Outcome outcome = nordika::solve(problem());
   if (outcome.failure) {
     showError(QString::fromStdString(outcome.failure->message));
-    if (outcome.failure->blame) select(outcome.failure->blame->place);
+    if (outcome.failure->blame) select(*outcome.failure->blame);
     return;
   }
   auto component = outcome.solution.begin();
@@ -83,15 +94,26 @@ nordika::Problem Widget::problem() const {
   return problem;
 }
 
-void Widget::select(const nordika::TextPlace& place) const {
-  if (place.isFunction) {
-    QLineEdit* equation = rowOf(*ui, place.row + 1).equation;
-    equation->setFocus();
-    equation->selectAll();
+void Widget::select(const nordika::Blame& blame) const {
+  QLineEdit* edit = nullptr;
+  if (blame.place.isFunction) {
+    edit = rowOf(*ui, blame.place.row + 1).equation;
+    edit->setFocus();
+    edit->selectAll();
   } else {
     ui->jacobiMatrix->setFocus();
-    ui->jacobiMatrix->setCurrentCell(place.row, place.column);
+    ui->jacobiMatrix->setCurrentCell(blame.place.row, blame.place.column);
   }
+  // A text that has been compiled has no foreign characters.
+  QTableWidgetItem* cell = ui->jacobiMatrix->currentItem();
+  if (!blame.x.empty() || (edit == nullptr && cell == nullptr)) return;
+  const auto [begin, length] = foreignIn(edit != nullptr ? edit->text() : cell->text());
+  if (length == 0) return;
+  if (edit == nullptr) {
+    ui->jacobiMatrix->editItem(cell);
+    edit = qobject_cast<QLineEdit*>(focusWidget());
+  }
+  edit->setSelection(begin, length);
 }
 
 // A mouse click on the button takes the focus from the cell and thereby ends its

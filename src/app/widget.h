@@ -17,8 +17,8 @@ class QString;
 class Ui_Widget;
 
 namespace nordika {
+struct Blame;
 struct Problem;
-struct TextPlace;
 }  // namespace nordika
 
 /// The main window: the input panel and the calculation run. Its slots are
@@ -88,7 +88,7 @@ class Widget : public QWidget {
   void calculate();
   nordika::Problem problem() const;
   std::optional<std::string> textOfCell(int row, int column) const;
-  void select(const nordika::TextPlace& place) const;
+  void select(const nordika::Blame& blame) const;
 
   int method = 0;  // 0: simple iterations, else Newton's method
   std::unique_ptr<Ui_Widget> ui;
