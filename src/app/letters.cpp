@@ -107,23 +107,29 @@ class Raised : public QProxyStyle {
   int rise;
 };
 
-// Finds the widest stretch at which all texts fit.
+// The widest stretch at which something fits, otherwise the least one.
+template <typename Fits>
+int widestStretch(int least, Fits fits) {
+  if (fits(QFont::AnyStretch)) return QFont::AnyStretch;
+  for (int tooWide = 100; tooWide - least > 1;) {
+    const int middle = (least + tooWide) / 2;
+    (fits(middle) ? least : tooWide) = middle;
+  }
+  return least;
+}
+
 void narrow(QWidget& widget, const QStringList& texts) {
   const int room = roomIn(widget);
-  const auto fit = [&](int stretch) {
+  const auto setStretch = [&](int stretch) {
     QFont font = widget.font();
     font.setStretch(stretch);
     widget.setFont(font);
+  };
+  setStretch(widestStretch(1, [&](int stretch) {
+    setStretch(stretch);
     return std::all_of(texts.begin(), texts.end(),
                        [&](const QString& text) { return fits(widget, text, room); });
-  };
-  if (fit(QFont::AnyStretch)) return;
-  int least = 1;
-  for (int tooWide = 100; tooWide - least > 1;) {
-    const int middle = (least + tooWide) / 2;
-    (fit(middle) ? least : tooWide) = middle;
-  }
-  fit(least);
+  }));
 }
 
 void raise(QWidget& widget, const QString& text) {
@@ -143,6 +149,15 @@ QFont inNarrowFamily(const QFont& font) {
   families.removeDuplicates();
   QFont narrow = font;
   narrow.setFamilies(families);
+  return narrow;
+}
+
+QFont narrowed(const QFont& font, const QString& text, int room, int least) {
+  QFont narrow = font;
+  narrow.setStretch(widestStretch(least, [&](int stretch) {
+    narrow.setStretch(stretch);
+    return QFontMetrics(narrow).horizontalAdvance(text) <= room;
+  }));
   return narrow;
 }
 

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 class QFont;
+class QString;
 class QWidget;
 
 namespace nordika {
@@ -14,6 +15,10 @@ namespace nordika {
 /// The font with families in front of its own ones that are narrow enough for the
 /// form.
 QFont inNarrowFamily(const QFont& font);
+
+/// The font with letters narrowed no further than needed for the text to take at most
+/// `room` pixels, and to no less than `least` percent of their width.
+QFont narrowed(const QFont& font, const QString& text, int room, int least);
 
 /// Narrows the letters of a widget, no further than needed to show each of the texts
 /// whole; letters that fit get their own width back. Size, weight and family stay as

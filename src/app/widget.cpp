@@ -49,7 +49,7 @@ Widget::Widget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui_Widget
   // The 4 × 4 cells leave one pixel for the frame on each side. Some styles draw
   // wider frames.
   if (ui->jacobiMatrix->frameWidth() > 1) ui->jacobiMatrix->setFrameStyle(QFrame::Box);
-  new nordika::CellKeys(*ui->jacobiMatrix);
+  new nordika::Cells(*ui->jacobiMatrix);
   ui->jacobiMatrix->setItemPrototype(new nordika::Cell);  // for texts in cells without items
   ui->taskView->setScene(new QGraphicsScene);             // lives until the process ends
   fitTexts();
@@ -88,6 +88,10 @@ void Widget::fitTexts() {
 }
 
 void Widget::nameFields() {
+  ui->n->setToolTip(ui->label_n->toolTip());
+  ui->epsilon->setToolTip(ui->label_epsilon->toolTip());
+  ui->a->setToolTip(ui->label_a->toolTip());
+  ui->q->setToolTip("Константа сжатия");
   ui->n->setAccessibleName(ui->label_n->toolTip());
   ui->epsilon->setAccessibleName(ui->label_epsilon->toolTip());
   ui->a->setAccessibleName("Параметр a");
