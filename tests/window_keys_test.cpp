@@ -14,10 +14,11 @@ class KeysTest : public WindowTest {
 
   // Of the words, parted by blanks, some are keys and others are typed.
   static void press(const QString& words) {
-    static const QMap<QString, Qt::Key> keys = {{"tab", Qt::Key_Tab},
-                                                {"back", Qt::Key_Backtab},
-                                                {"down", Qt::Key_Down},
-                                                {"space", Qt::Key_Space}};
+    static const QMap<QString, Qt::Key> keys = {
+        {"tab", Qt::Key_Tab},       {"back", Qt::Key_Backtab}, {"down", Qt::Key_Down},
+        {"return", Qt::Key_Return}, {"enter", Qt::Key_Enter},  {"delete", Qt::Key_Delete},
+        {"c", Qt::Key_C},           {"v", Qt::Key_V},          {"f1", Qt::Key_F1},
+        {"f2", Qt::Key_F2},         {"space", Qt::Key_Space}};
     for (const QString& word : words.split(' ')) {
       const auto held = word.startsWith("ctrl-") ? Qt::ControlModifier : Qt::NoModifier;
       if (keys.contains(word.section("ctrl-", -1))) {
@@ -65,6 +66,44 @@ TEST_F(KeysTest, TabWalksThroughTheGridAndOutOfIt) {
     press(keys.c_str());
     EXPECT_EQ(focus(), to) << from << " " << keys;
     EXPECT_EQ(grid()->item(row, column)->text(), keys[0] == 'x' ? "x1" : "");
+  }
+}
+
+TEST_F(KeysTest, CtrlEnterCalculatesWhatIsTypedAndF1Helps) {
+  enter(true, 1, "x1-a", "1");
+  const std::array<std::string, 2> rows[] = {{"7 ctrl-return", "a"},
+                                             {"8 ctrl-enter", "a"},
+                                             {"f2 2 ctrl-enter", "jacobiMatrix"},
+                                             {"0.0 ctrl-return", "epsilon"}};
+  std::string shown;
+  for (const auto& [keys, field] : rows) {
+    child(field)->setFocus(Qt::TabFocusReason);
+    press(keys.c_str());
+    shown += results() + " " + child<QDoubleSpinBox>("epsilon")->text().toStdString() + "; ";
+  }
+  EXPECT_EQ(shown, "7;;;;2 0.00001; 78;;;;2 0.00001; 78;;;;22 0.00001; 78;;;;22 0.00001; ");
+  press("f1");
+  EXPECT_EQ(seen.title, "Справка");
+}
+
+TEST_F(KeysTest, BlocksOfCellsAreCopiedPastedAndEmptied) {
+  const QString signs[] = {"\t", "→", "\n", "↵", "\r", "←"};
+  for (const auto& [selected, keys, clipboard, cells] : rowsOf<4>("blocks.txt")) {
+    QString text = clipboard.c_str();
+    for (const int sign : {0, 2, 4})
+      text.replace(signs[sign + 1], signs[sign]);
+    QApplication::clipboard()->setText(keys == "ctrl-c" ? "other" : text);
+    enter(true, 3, "", "1;2;3;4;5;6;7;8;9");
+    grid()->setFocus();
+    const auto at = [&place = selected](std::size_t i) { return place[2 * i] - '0'; };
+    grid()->setCurrentCell(at(0), at(1));
+    grid()->setRangeSelected({at(0), at(1), at(2), at(3)}, true);
+    press(keys.c_str());
+    EXPECT_EQ(QApplication::clipboard()->text(), text) << keys;
+    QStringList left;
+    for (int i = 0; i < 9; ++i)
+      left << grid()->item(i / 3, i % 3)->text().replace('\t', "→");
+    EXPECT_EQ(left.join(';').toStdString(), cells) << keys << " " << clipboard;
   }
 }
 

@@ -62,7 +62,7 @@ void Widget::on_calcButton_clicked() {
 
 void Widget::calculate() {
   clearResult();
-  commitCellEditor();
+  commitInput();
   std::setlocale(LC_ALL, "C");
   const nordika::Outcome outcome = nordika::solve(problem());
   if (outcome.failure) {
@@ -116,9 +116,11 @@ void Widget::select(const nordika::Blame& blame) const {
   edit->setSelection(begin, length);
 }
 
-// A mouse click on the button takes the focus from the cell and thereby ends its
-// editing. A press by an assistive tool leaves the editor open.
-void Widget::commitCellEditor() {
+// A mouse click on the button takes the focus and thereby ends the editing of a box or a
+// cell. Ctrl+Enter does not, nor does a press by an assistive tool.
+void Widget::commitInput() {
+  for (QAbstractSpinBox* box : findChildren<QAbstractSpinBox*>())
+    box->interpretText();
   QAbstractItemDelegate* cells = ui->jacobiMatrix->itemDelegate();
   for (QLineEdit* editor : ui->jacobiMatrix->findChildren<QLineEdit*>()) {
     emit cells->commitData(editor);

@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QToolTip>
 
+#include "app/cell_blocks.h"
 #include "app/letters.h"
 
 namespace nordika {
@@ -62,21 +63,41 @@ bool Cells::leaves(const QKeyEvent& key) const {
   return table.currentRow() == last && table.currentColumn() == last;
 }
 
+void Cells::leave(QKeyEvent& key, QWidget* editor) {
+  if (editor != nullptr) {
+    emit commitData(editor);
+    emit closeEditor(editor);
+  }
+  // Without this navigation the table passes the keys on to the focus chain.
+  QKeyEvent step(QEvent::KeyPress, isBack(key) ? Qt::Key_Backtab : Qt::Key_Tab, Qt::NoModifier);
+  table.setTabKeyNavigation(false);
+  QCoreApplication::sendEvent(&table, &step);
+  table.setTabKeyNavigation(true);
+}
+
+bool Cells::changesCells(const QKeyEvent& key) {
+  if (key.matches(QKeySequence::Copy))
+    copyCells(table);
+  else if (key.matches(QKeySequence::Paste))
+    pasteCells(table);
+  else if (key.key() == Qt::Key_Delete && (key.modifiers() & ~Qt::KeypadModifier) == 0)
+    emptyCells(table);
+  else
+    return false;
+  return true;
+}
+
 bool Cells::eventFilter(QObject* object, QEvent* event) {
   const bool isEditor = object != &table;
-  // Without this navigation the table passes the keys on to the focus chain.
-  if (event->type() == QEvent::KeyPress && table.tabKeyNavigation() &&
-      leaves(*static_cast<QKeyEvent*>(event))) {
-    const bool back = isBack(*static_cast<QKeyEvent*>(event));
-    if (isEditor) {
-      emit commitData(qobject_cast<QWidget*>(object));
-      emit closeEditor(qobject_cast<QWidget*>(object));
+  if (event->type() == QEvent::KeyPress && table.tabKeyNavigation()) {
+    auto& key = *static_cast<QKeyEvent*>(event);
+    if (leaves(key)) {
+      leave(key, isEditor ? qobject_cast<QWidget*>(object) : nullptr);
+      return true;
     }
-    QKeyEvent step(QEvent::KeyPress, back ? Qt::Key_Backtab : Qt::Key_Tab, Qt::NoModifier);
-    table.setTabKeyNavigation(false);
-    QCoreApplication::sendEvent(&table, &step);
-    table.setTabKeyNavigation(true);
-    return true;
+    // What an editor leaves of its keys comes to the table, too.
+    if (!isEditor && table.hasFocus() && table.currentIndex().isValid() && changesCells(key))
+      return true;
   }
   return isEditor && QStyledItemDelegate::eventFilter(object, event);
 }

@@ -25,7 +25,8 @@ class Cell : public QTableWidgetItem {
 /// A text that is too long has narrower letters, then an ellipsis. Tool tips have the
 /// whole text. Whether a cell is being edited or not, Tab and Shift+Tab go from cell to
 /// cell, out of the last cell to what follows in the focus chain, and out of the first
-/// one to what precedes. With Ctrl they leave at once.
+/// one to what precedes. With Ctrl they leave at once. While none is being edited, Delete
+/// empties the selected cells, and the keys of the clipboard copy and paste blocks.
 class Cells : public QStyledItemDelegate {
  public:
   /// Becomes the delegate of the grid, which owns it.
@@ -43,6 +44,8 @@ class Cells : public QStyledItemDelegate {
 
  private:
   bool leaves(const QKeyEvent& key) const;
+  void leave(QKeyEvent& key, QWidget* editor);
+  bool changesCells(const QKeyEvent& key);
 
   QTableWidget& table;
 };

@@ -11,6 +11,7 @@
 #include <QGraphicsScene>
 #include <QLocale>
 #include <QMessageBox>
+#include <QShortcut>
 
 #include "app/cells.h"
 #include "app/formula.h"
@@ -36,6 +37,12 @@ void setText(QLabel& label, const QString& before, const QString& subscript, con
   nordika::fitLetters(label, {before + subscript + after});
 }
 
+void pressBy(const char* keys, QPushButton& button) {
+  auto* shortcut = new QShortcut(QKeySequence(keys), button.window());
+  shortcut->setAutoRepeat(false);
+  QObject::connect(shortcut, &QShortcut::activated, &button, &QPushButton::click);
+}
+
 }  // namespace
 
 Widget::Widget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui_Widget>()) {
@@ -56,6 +63,9 @@ Widget::Widget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui_Widget
   nameFields();
   for (QAbstractSpinBox* box : findChildren<QAbstractSpinBox*>())
     nordika::turnOnlyWithFocus(*box);
+  pressBy("Ctrl+Return", *ui->calcButton);
+  pressBy("Ctrl+Enter", *ui->calcButton);  // that of the keypad
+  pressBy("F1", *ui->helpButton);
   on_checkSimpleIters_clicked();
   on_n_valueChanged(ui->n->value());
   ui->n->selectAll();

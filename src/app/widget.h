@@ -84,7 +84,7 @@ class Widget : public QWidget {
   void fitTexts();
   void nameFields();
   void showTask(const QString& picture, const QSize& size);
-  void commitCellEditor();
+  void commitInput();
   void calculate();
   nordika::Problem problem() const;
   std::optional<std::string> textOfCell(int row, int column) const;
