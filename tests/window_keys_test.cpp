@@ -119,6 +119,20 @@ TEST_F(KeysTest, TheTextToBlameIsSelected) {
   }
 }
 
+TEST_F(KeysTest, ADoubleOrTripleClickSelectsANumberWhole) {
+  run("Simple", "-1.23457e-05");
+  child<QDoubleSpinBox>("a")->setValue(-1.25);
+  for (const char* name : {"n", "a", "q", "epsilon", "init_x_1", "res_x_1", "iters"}) {
+    auto* edit = qobject_cast<QLineEdit*>(child(name));
+    if (edit == nullptr) edit = child(name)->findChild<QLineEdit*>();
+    const QPoint inside(9, edit->height() / 2);
+    QTest::mouseDClick(edit, Qt::LeftButton, Qt::KeyboardModifiers(), inside);
+    EXPECT_EQ(edit->selectedText(), edit->text()) << name;
+    QTest::mouseClick(edit, Qt::LeftButton, Qt::KeyboardModifiers(), inside);
+    EXPECT_EQ(edit->selectedText(), edit->text()) << name;
+  }
+}
+
 TEST_F(KeysTest, TheWheelTurnsOnlyABoxWithTheFocus) {
   enter(false, 3, "");
   for (auto* box : window->findChildren<QAbstractSpinBox*>()) {

@@ -14,6 +14,7 @@
 #include <QShortcut>
 
 #include "app/cells.h"
+#include "app/double_click.h"
 #include "app/formula.h"
 #include "app/letters.h"
 #include "app/row.h"
@@ -61,8 +62,13 @@ Widget::Widget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui_Widget
   ui->taskView->setScene(new QGraphicsScene);             // lives until the process ends
   fitTexts();
   nameFields();
-  for (QAbstractSpinBox* box : findChildren<QAbstractSpinBox*>())
+  for (QAbstractSpinBox* box : findChildren<QAbstractSpinBox*>()) {
     nordika::turnOnlyWithFocus(*box);
+    nordika::selectAllByDoubleClick(*box->findChild<QLineEdit*>());
+  }
+  for (const Row& row : rowsOf(*ui))
+    nordika::selectAllByDoubleClick(*row.result);
+  nordika::selectAllByDoubleClick(*ui->iters);
   pressBy("Ctrl+Return", *ui->calcButton);
   pressBy("Ctrl+Enter", *ui->calcButton);  // that of the keypad
   pressBy("F1", *ui->helpButton);
