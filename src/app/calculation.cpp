@@ -5,8 +5,10 @@
 #include <clocale>
 
 #include <QAbstractItemDelegate>
+#include <QApplication>
 #include <QMessageBox>
 
+#include "app/late_close.h"
 #include "app/letters.h"
 #include "app/row.h"
 #include "app/run_log.h"
@@ -26,7 +28,8 @@ void showResult(QLineEdit& field, const QString& text) {
   nordika::fitLetters(field, {text});
 }
 
-void showError(const QString& text) {
+void showError(nordika::LateClose& close, const QString& text) {
+  close.collect();
   QMessageBox::information(nullptr, messages::kErrorTitle, text, QMessageBox::Ok);
 }
 
@@ -54,19 +57,24 @@ nordika::Row rowOf(const Ui_Widget& ui, int i) {
 }  // namespace
 
 void Widget::on_calcButton_clicked() {
+  nordika::LateClose close(*this);
   nordika::Trace::takeLoss();
-  calculate();
+  calculate(close);
   if (!nordika::Trace::takeLoss()) return;
-  showError(QString(messages::kLogNotWhole).arg(QString::fromStdString(nordika::openedRunLog())));
+  showError(close,
+            QString(messages::kLogNotWhole).arg(QString::fromStdString(nordika::openedRunLog())));
 }
 
-void Widget::calculate() {
+void Widget::calculate(nordika::LateClose& close) {
   clearResult();
   commitInput();
   std::setlocale(LC_ALL, "C");
-  const nordika::Outcome outcome = nordika::solve(problem());
+  const nordika::Problem entered = problem();
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  const nordika::Outcome outcome = nordika::solve(entered);
+  QApplication::restoreOverrideCursor();
   if (outcome.failure) {
-    showError(QString::fromStdString(outcome.failure->message));
+    showError(close, QString::fromStdString(outcome.failure->message));
     if (outcome.failure->blame) select(*outcome.failure->blame);
     return;
   }

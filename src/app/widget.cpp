@@ -8,6 +8,7 @@
 #include <ctime>
 
 #include <QApplication>
+#include <QDir>
 #include <QGraphicsScene>
 #include <QLocale>
 #include <QMessageBox>
@@ -38,6 +39,13 @@ void setText(QLabel& label, const QString& before, const QString& subscript, con
   nordika::fitLetters(label, {before + subscript + after});
 }
 
+QIcon iconOf(std::initializer_list<int> sizes) {
+  QIcon icon;
+  for (const int size : sizes)
+    icon.addFile(QString(":/icon/%1.png").arg(size));
+  return icon;
+}
+
 void pressBy(const char* keys, QPushButton& button) {
   auto* shortcut = new QShortcut(QKeySequence(keys), button.window());
   shortcut->setAutoRepeat(false);
@@ -53,6 +61,7 @@ Widget::Widget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui_Widget
   // Before the form is built, so that the fonts of another family are not loaded.
   QApplication::setFont(nordika::inNarrowFamily(QApplication::font()));
   ui->setupUi(this);
+  setWindowIcon(iconOf({16, 32, 48, 128}));
   std::setlocale(LC_ALL, "C");
   // The 4 × 4 cells leave one pixel for the frame on each side. Some styles draw
   // wider frames.
@@ -83,7 +92,12 @@ Widget::~Widget() = default;
 
 void Widget::setFiles() {
   const std::string name = nordika::runLogName(std::time(nullptr));
-  if (nordika::openRunLog(name)) return;
+  if (nordika::openRunLog(name)) {
+    const QString path = QDir::current().filePath(QString::fromStdString(name));
+    ui->iters->setToolTip(path);
+    ui->iters->setAccessibleDescription(path);
+    return;
+  }
   QMessageBox::information(nullptr, messages::kErrorTitle,
                            QString(messages::kLogNotOpened).arg(QString::fromStdString(name)),
                            QMessageBox::Ok);

@@ -17,6 +17,7 @@ class QString;
 class Ui_Widget;
 
 namespace nordika {
+class LateClose;
 struct Blame;
 struct Problem;
 }  // namespace nordika
@@ -85,7 +86,7 @@ class Widget : public QWidget {
   void nameFields();
   void showTask(const QString& picture, const QSize& size);
   void commitInput();
-  void calculate();
+  void calculate(nordika::LateClose& close);
   nordika::Problem problem() const;
   std::optional<std::string> textOfCell(int row, int column) const;
   void select(const nordika::Blame& blame) const;
