@@ -150,13 +150,20 @@ TEST_F(KeysTest, TheWheelTurnsOnlyABoxWithTheFocus) {
   }
 }
 
-TEST_F(KeysTest, EveryCellHasAName) {
+TEST_F(KeysTest, EverythingHasANameForAssistiveTools) {
   enter(true, 2, "", ";2*x1");
   auto* cells = QAccessible::queryAccessibleInterface(grid())->tableInterface();
   EXPECT_EQ(cells->cellAt(0, 1)->text(QAccessible::Name), "Строка 1, столбец 2: 2*x1");
   click("clearButton");
+  const auto* bare = cells->cellAt(1, 0)->tableCellInterface();
+  EXPECT_EQ(bare->rowHeaderCells().at(0)->text(QAccessible::Name), "f2");
+  EXPECT_EQ(bare->columnHeaderCells().at(0)->text(QAccessible::Name), "x1");
   grid()->model()->setData(grid()->model()->index(1, 0), "");
   EXPECT_EQ(cells->cellAt(1, 0)->text(QAccessible::Name), "Строка 2, столбец 1");
+
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(window.get())->role(), QAccessible::Window);
+  EXPECT_EQ(child("eq_2")->accessibleName(), "f2(x)");
+  EXPECT_EQ(child("taskView")->accessibleDescription().left(8), "f(x) = 0");
 }
 
 }  // namespace

@@ -84,6 +84,7 @@ void Widget::calculate(nordika::LateClose& close) {
     showResult(*row.result, QString::number(*component++, 'g', 6));
   }
   showResult(*ui->iters, QString::number(outcome.iterations));
+  announceResult();
 }
 
 nordika::Problem Widget::problem() const {

@@ -25,7 +25,8 @@ bool isBack(const QKeyEvent& key) {
 }  // namespace
 
 QVariant Cell::data(int role) const {
-  if (role != Qt::AccessibleTextRole) return QTableWidgetItem::data(role);
+  const bool isHeader = row() < 0;
+  if (role != Qt::AccessibleTextRole || isHeader) return QTableWidgetItem::data(role);
   const QString place = QString("Строка %1, столбец %2").arg(row() + 1).arg(column() + 1);
   return text().isEmpty() ? place : place + ": " + text();
 }

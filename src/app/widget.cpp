@@ -70,6 +70,7 @@ Widget::Widget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui_Widget
   ui->jacobiMatrix->setItemPrototype(new nordika::Cell);  // for texts in cells without items
   ui->taskView->setScene(new QGraphicsScene);             // lives until the process ends
   fitTexts();
+  explainBoxes();
   nameFields();
   for (QAbstractSpinBox* box : findChildren<QAbstractSpinBox*>()) {
     nordika::turnOnlyWithFocus(*box);
@@ -117,26 +118,11 @@ void Widget::fitTexts() {
   nordika::fitLetters(*ui->n, {QString::number(ui->n->maximum())});
 }
 
-void Widget::nameFields() {
+void Widget::explainBoxes() {
   ui->n->setToolTip(ui->label_n->toolTip());
   ui->epsilon->setToolTip(ui->label_epsilon->toolTip());
   ui->a->setToolTip(ui->label_a->toolTip());
   ui->q->setToolTip("Константа сжатия");
-  ui->n->setAccessibleName(ui->label_n->toolTip());
-  ui->epsilon->setAccessibleName(ui->label_epsilon->toolTip());
-  ui->a->setAccessibleName("Параметр a");
-  ui->a->setAccessibleDescription(ui->label_a->toolTip());
-  ui->q->setAccessibleName("Константа сжатия q");
-  ui->jacobiMatrix->setAccessibleName(ui->label_frame_4->text());
-  ui->iters->setAccessibleName(ui->label_iters->text().remove(':'));
-  ui->taskView->setAccessibleName(ui->label_frame_7->text());
-  int k = 0;
-  for (const Row& row : rowsOf(*ui)) {
-    ++k;
-    row.equation->setAccessibleName(QString("Уравнение %1").arg(k));
-    row.init->setAccessibleName(QString("%1 x%2").arg(ui->label_frame_2->text()).arg(k));
-    row.result->setAccessibleName(QString("%1 x%2").arg(ui->label_frame_3->text()).arg(k));
-  }
 }
 
 void Widget::refresh() {
@@ -153,6 +139,7 @@ void Widget::refresh() {
     else
       setText(*row.after, " = x", digit, "");
   }
+  nameEquations();
   ui->label_q->setVisible(method == 0);
   ui->q->setVisible(method == 0);
   refreshJacobiMatrix();
@@ -170,6 +157,7 @@ void Widget::refreshJacobiMatrix() {
         ui->jacobiMatrix->setItem(i, j, new nordika::Cell);
     }
   }
+  nameCells();
 }
 
 void Widget::clearJacobiMatrix() {
@@ -185,6 +173,7 @@ void Widget::clearInput() {
   ui->a->setValue(0.0);
   ui->q->setValue(0.5);
   ui->jacobiMatrix->clear();
+  nameCells();
 }
 
 void Widget::clearResult() {

@@ -83,7 +83,11 @@ class Widget : public QWidget {
   Q_SLOT void on_helpButton_clicked();
 
   void fitTexts();
+  void explainBoxes();
   void nameFields();
+  void nameEquations();
+  void nameCells();
+  void announceResult();
   void showTask(const QString& picture, const QSize& size);
   void commitInput();
   void calculate(nordika::LateClose& close);
