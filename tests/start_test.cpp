@@ -79,6 +79,16 @@ void checkFrames(Widget& window) {
 }
 
 void checkTexts(Widget& window) {
+  for (const auto* box : window.findChildren<QAbstractSpinBox*>()) {
+    QStyleOptionSpinBox option;
+    option.initFrom(box);
+    option.buttonSymbols = box->buttonSymbols();
+    const QRect edit =
+        box->style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxEditField, box);
+    expect(2 * edit.width() >= box->width(), box->objectName() + " is full of buttons");
+    expect(environment->margin > 0 || box->buttonSymbols() == QAbstractSpinBox::UpDownArrows,
+           box->objectName() + " has no buttons");
+  }
   window.findChild<QSpinBox*>("n")->setValue(4);
   window.findChild<QSpinBox*>("n")->findChild<QLineEdit*>()->deselect();
   const QStringList values = {"-1.23457e-300", "-0.0000123456", "12345678901", "x4"};
@@ -124,6 +134,16 @@ class Style : public QProxyStyle {
     QProxyStyle::polish(widget);
     auto* edit = qobject_cast<QLineEdit*>(widget);
     if (edit != nullptr) edit->setTextMargins(environment->margin, 0, environment->margin, 0);
+  }
+  // The buttons of a style with a margin are beside each other, each 28 points wide.
+  QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                       const QWidget* widget) const override {
+    QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+    const auto* box = qobject_cast<const QAbstractSpinBox*>(widget);
+    if (environment->margin > 0 && part == SC_SpinBoxEditField && box != nullptr &&
+        box->buttonSymbols() != QAbstractSpinBox::NoButtons)
+      rect.setRight(option->rect.right() - 56);
+    return rect;
   }
 };
 

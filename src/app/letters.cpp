@@ -42,6 +42,15 @@ void setMargins(QWidget& widget) {
     widget.findChild<QLineEdit*>()->setTextMargins(0, 0, 0, 0);
 }
 
+QRect editField(const QWidget& box) {
+  auto option = optionFor<QStyleOptionSpinBox>(box);
+  const auto& spinBox = static_cast<const QAbstractSpinBox&>(box);
+  option.frame = true;
+  option.buttonSymbols = spinBox.buttonSymbols();
+  return box.style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxEditField,
+                                     &box);
+}
+
 // The width for the advances of the text. Letters may reach one pixel beyond theirs.
 int roomIn(const QWidget& widget) {
   const QStyle& style = *widget.style();
@@ -56,10 +65,7 @@ int roomIn(const QWidget& widget) {
   if (edit != nullptr) {
     frame.lineWidth = style.pixelMetric(QStyle::PM_DefaultFrameWidth, &frame, edit);
   } else {
-    auto box = optionFor<QStyleOptionSpinBox>(widget);
-    box.frame = true;
-    frame.rect =
-        style.subControlRect(QStyle::CC_SpinBox, &box, QStyle::SC_SpinBoxEditField, &widget);
+    frame.rect = editField(widget);
     edit = widget.findChild<QLineEdit*>();
   }
   const QMargins margins = edit->textMargins();
@@ -132,6 +138,17 @@ void narrow(QWidget& widget, const QStringList& texts) {
   }));
 }
 
+// Gives the text all of a box without buttons. Some styles leave their room free.
+class Buttonless : public QProxyStyle {
+ public:
+  explicit Buttonless(QWidget& box) : QProxyStyle(box.style()->objectName()) { setParent(&box); }
+  QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                       const QWidget* box) const override {
+    if (part == SC_SpinBoxEditField) return option->rect.adjusted(2, 2, -2, -2);
+    return QProxyStyle::subControlRect(control, option, part, box);
+  }
+};
+
 void raise(QWidget& widget, const QString& text) {
   if (auto* label = qobject_cast<QLabel*>(&widget)) {
     label->setContentsMargins(kOverlap, 0, 0, 2 * riseOf(widget, text));
@@ -163,6 +180,11 @@ QFont narrowed(const QFont& font, const QString& text, int room, int least) {
 
 void fitLetters(QWidget& widget, const QStringList& texts) {
   setMargins(widget);
+  auto* box = qobject_cast<QAbstractSpinBox*>(&widget);
+  if (box != nullptr && 2 * editField(widget).width() < widget.width()) {
+    box->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    box->setStyle(new Buttonless(*box));
+  }
   narrow(widget, texts);
   raise(widget, texts.first());
 }
