@@ -163,6 +163,11 @@ TEST_F(KeysTest, EverythingHasANameForAssistiveTools) {
 
   EXPECT_EQ(QAccessible::queryAccessibleInterface(window.get())->role(), QAccessible::Window);
   EXPECT_EQ(child("eq_2")->accessibleName(), "f2(x)");
+  for (const std::string method : {"checkSimpleIters", "checkNewton"}) {
+    auto* button = QAccessible::queryAccessibleInterface(child(method))->actionInterface();
+    button->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(grid()->rowCount(), method == "checkNewton" ? 2 : 0);
+  }
   EXPECT_EQ(child("taskView")->accessibleDescription().left(8), "f(x) = 0");
 }
 

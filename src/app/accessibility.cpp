@@ -25,6 +25,10 @@ QAccessibleInterface* interfaceOf(const QString& className, QObject* object) {
 
 void Widget::nameFields() {
   QAccessible::installFactory(interfaceOf);
+  // Assistive tools toggle a button without clicking it.
+  connect(ui->checkNewton, &QRadioButton::toggled, this, [this](bool isNewton) {
+    if (isNewton != (method != 0)) (isNewton ? ui->checkNewton : ui->checkSimpleIters)->click();
+  });
   ui->n->setAccessibleName(ui->label_n->toolTip());
   ui->epsilon->setAccessibleName(ui->label_epsilon->toolTip());
   ui->a->setAccessibleName("Параметр a");
