@@ -12,6 +12,10 @@
 #include "app/screen_scale.h"
 #include "window_fixture.h"
 
+// After the headers of Qt, which its macros would break.
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+
 int nordikaMain(int argc, char** argv);  // main() of the program
 
 namespace {
@@ -20,18 +24,19 @@ struct Environment {
   const char* style;
   const char* fonts;       // the only folder of fonts
   const char* resolution;  // Xft.dpi
-  double scale;
-  int margin;  // that the style sets in line edits
+  int tenths;              // the scale
+  int margin;              // that the style sets in line edits
 };
 
 const Environment kEnvironments[] = {
-    {"fusion", "liberation", "", 1, 0},  // the fonts of the package
-    {"windows", "liberation", "96.07", 1, 14},
-    {"fusion", "dejavu", "", 1, 0},
-    {"fusion", "open-sans", "", 1, 0},  // high lines
-    {"fusion", "../opentype/cantarell", "", 1, 8},
-    {"fusion", "liberation", "120", 1.25, 0},
-    {"windows", "dejavu", "144", 1.5, 0},
+    {"fusion", "liberation", "", 10, 0},  // the fonts of the package
+    {"windows", "liberation", "96.07", 10, 14},
+    {"fusion", "dejavu", "", 10, 0},
+    {"fusion", "open-sans", "", 10, 0},  // high lines
+    {"fusion", "../opentype/cantarell", "", 10, 8},
+    {"fusion", "liberation", "120", 12, 0},
+    {"windows", "dejavu", "144", 15, 0},
+    {"fusion", "liberation", "192", 15, 0},  // the screen has no room for more
 };
 
 const Environment* environment = nullptr;
@@ -46,15 +51,44 @@ void expect(bool holds, const QString& what) {
   dprintf(report, "%s\n", qPrintable(what));
 }
 
-void check(Widget& window) {
-  expect(QTest::qWaitForWindowExposed(&window), "no window");
-  expect(window.devicePixelRatioF() == environment->scale,
-         QString("scale %1").arg(window.devicePixelRatioF()));
-  for (int file = 0; file <= STDERR_FILENO; ++file)
-    expect(QFileInfo(QString("/proc/self/fd/%1").arg(file))
-               .symLinkTarget()
-               .endsWith(file < STDERR_FILENO ? "/dev/null" : ".txt"),
-           QString("descriptor %1").arg(file));
+// Looks at points of all four sides.
+void checkFrames(Widget& window) {
+  const qreal scale = window.devicePixelRatioF();
+  const QImage image = window.grab().toImage();
+  const auto frames = window.findChildren<QFrame*>(QRegularExpression("^frame"));
+  expect(frames.size() == 7, "seven frames");
+  for (const QFrame* frame : frames) {
+    const QRectF edge = frame->geometry();
+    const QPointF corners[] = {edge.topLeft(), edge.topRight(), edge.bottomRight(),
+                               edge.bottomLeft(), edge.topLeft()};
+    const QPointF inward[] = {{0, 1}, {-1, 0}, {0, -1}, {1, 0}};
+    const auto colour = [&](const QPointF& place) {
+      return image.pixel(static_cast<int>(place.x() * scale), static_cast<int>(place.y() * scale));
+    };
+    for (int point = 0; point < 400; point += 20) {
+      const int side = point / 100;
+      const QPointF from = corners[side];
+      const QPointF along = from + (corners[side + 1] - from) * (point % 100 + 10) / 100;
+      bool seen = false;
+      for (qreal depth = -0.5; depth < 1.5; depth += 0.25)
+        seen =
+            seen || colour(along + inward[side] * depth) != colour(edge.topLeft() + QPointF(4, 4));
+      expect(seen, QString("side %1 of %2 at %3").arg(side).arg(frame->objectName()).arg(scale));
+    }
+  }
+}
+
+void checkTexts(Widget& window) {
+  for (const auto* box : window.findChildren<QAbstractSpinBox*>()) {
+    QStyleOptionSpinBox option;
+    option.initFrom(box);
+    option.buttonSymbols = box->buttonSymbols();
+    const QRect edit =
+        box->style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxEditField, box);
+    expect(2 * edit.width() >= box->width(), box->objectName() + " is full of buttons");
+    expect(environment->margin > 0 || box->buttonSymbols() == QAbstractSpinBox::UpDownArrows,
+           box->objectName() + " has no buttons");
+  }
   window.findChild<QSpinBox*>("n")->setValue(4);
   window.findChild<QSpinBox*>("n")->findChild<QLineEdit*>()->deselect();
   const QStringList values = {"-1.23457e-300", "-0.0000123456", "12345678901", "x4"};
@@ -76,6 +110,20 @@ void check(Widget& window) {
                                   .arg(widget->font().stretch()));
     }
   }
+}
+
+void check(Widget& window) {
+  expect(QTest::qWaitForWindowExposed(&window), "no window");
+  expect(qAbs(window.devicePixelRatioF() - environment->tenths / 10.0) < 1e-4,
+         QString("scale %1").arg(window.devicePixelRatioF()));
+  for (int file = 0; file <= STDERR_FILENO; ++file)
+    expect(QFileInfo(QString("/proc/self/fd/%1").arg(file))
+               .symLinkTarget()
+               .endsWith(file < STDERR_FILENO ? "/dev/null" : ".txt"),
+           QString("descriptor %1").arg(file));
+  checkFrames(window);
+  // At other scales grabbed pictures of labels end within a point.
+  if (environment->tenths % 5 == 0) checkTexts(window);
   window.findChild<QPushButton*>("closeButton")->click();
 }
 
@@ -86,6 +134,16 @@ class Style : public QProxyStyle {
     QProxyStyle::polish(widget);
     auto* edit = qobject_cast<QLineEdit*>(widget);
     if (edit != nullptr) edit->setTextMargins(environment->margin, 0, environment->margin, 0);
+  }
+  // The buttons of a style with a margin are beside each other, each 28 points wide.
+  QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                       const QWidget* widget) const override {
+    QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+    const auto* box = qobject_cast<const QAbstractSpinBox*>(widget);
+    if (environment->margin > 0 && part == SC_SpinBoxEditField && box != nullptr &&
+        box->buttonSymbols() != QAbstractSpinBox::NoButtons)
+      rect.setRight(option->rect.right() - 56);
+    return rect;
   }
 };
 
@@ -106,8 +164,14 @@ int start() {
       << "/usr/share/fonts/truetype/" << environment->fonts << "2"  // liberation2 in Debian 12
       << "</dir><cachedir>.</cachedir><include>/etc/fonts/conf.d</include></fontconfig>";
   setenv("FONTCONFIG_FILE", qPrintable(directory.filePath("fonts.conf")), 1);
-  std::ofstream("resources") << "Xft.dpi: " << environment->resolution << "\n";
+  std::ofstream("resources") << "Xft.dpi: 192\n";  // not to be read
   setenv("XENVIRONMENT", "resources", 1);
+  const std::string resources = std::string("Xft.dpi:\t") + environment->resolution + "\n";
+  Display* const display = XOpenDisplay(nullptr);
+  XChangeProperty(display, DefaultRootWindow(display), XA_RESOURCE_MANAGER, XA_STRING, 8,
+                  PropModeReplace, reinterpret_cast<const unsigned char*>(resources.data()),
+                  static_cast<int>(resources.size()));
+  XCloseDisplay(display);
   report = dup(STDERR_FILENO);
   for (int file = 0; file <= STDERR_FILENO; ++file)
     close(file);
@@ -117,31 +181,54 @@ int start() {
   return nordikaMain(1, arguments) + (faults > 0 ? 2 : 0);
 }
 
+TEST(StartTest, TheScaleFollowsTheResolutionAndTheRoom) {
+  for (const auto& [resolution, width, height, tenths] : rowsOf<4>("scales.txt"))
+    EXPECT_EQ(nordika::scaleInTenths(std::stod(resolution), {std::stoi(width), std::stoi(height)}),
+              std::stoi(tenths))
+        << resolution << " " << width << " " << height;
+}
+
 TEST(StartTest, TheScaleIsChosenUnlessTheUserHasChosenIt) {
   const char* const rows[][2] = {{"QT_ENABLE_HIGHDPI_SCALING", "1"},
                                  {"QT_SCALE_FACTOR_ROUNDING_POLICY", "PassThrough"},
-                                 {"QT_FONT_DPI", "96"}};
+                                 {"QT_FONT_DPI", "96"},
+                                 {"QT_SCALE_FACTOR", "1"}};
+  const auto forget = [&rows] {
+    for (const auto& row : rows)
+      unsetenv(row[0]);
+  };
   for (const auto& [name, chosen] : rows) {
+    forget();
     setenv(name, "user's", 1);
     nordika::followChosenResolution();
     EXPECT_STREQ(getenv(name), "user's");
-    unsetenv(name);
+    EXPECT_EQ(getenv("QT_SCALE_FACTOR") != nullptr, name == rows[3][0]);
+    forget();
     nordika::followChosenResolution();
     EXPECT_STREQ(getenv(name), chosen);
   }
+  forget();
 }
 
 TEST(StartDeathTest, TheWindowIsWholeInEveryEnvironment) {
   EXPECT_EXIT((setenv("DISPLAY", "", 1), nordika::followChosenResolution(), std::_Exit(0)),
               ::testing::ExitedWithCode(0), "");
-  // Its connection keeps the server from resetting between the programs.
-  nordika::followChosenResolution();
-  unsetenv("QT_FONT_DPI");
+  // Keeps the server from resetting between the programs.
+  Display* const display = XOpenDisplay(nullptr);
   for (const Environment& each : kEnvironments) {
     environment = &each;
     EXPECT_EXIT(std::_Exit(start()), ::testing::ExitedWithCode(0), "")
         << each.style << " " << each.fonts;
   }
+  for (int tenths = 10; tenths <= 20; ++tenths) {
+    for (const char* style : {"fusion", "windows"}) {
+      const Environment scaled = {style, "liberation", "", tenths, 0};
+      environment = &scaled;
+      setenv("QT_SCALE_FACTOR", qPrintable(QString::number(tenths / 10.0)), 1);
+      EXPECT_EXIT(std::_Exit(start()), ::testing::ExitedWithCode(0), "") << style << tenths;
+    }
+  }
+  XCloseDisplay(display);
 }
 
 }  // namespace

@@ -14,10 +14,11 @@ class KeysTest : public WindowTest {
 
   // Of the words, parted by blanks, some are keys and others are typed.
   static void press(const QString& words) {
-    static const QMap<QString, Qt::Key> keys = {{"tab", Qt::Key_Tab},
-                                                {"back", Qt::Key_Backtab},
-                                                {"down", Qt::Key_Down},
-                                                {"space", Qt::Key_Space}};
+    static const QMap<QString, Qt::Key> keys = {
+        {"tab", Qt::Key_Tab},       {"back", Qt::Key_Backtab}, {"down", Qt::Key_Down},
+        {"return", Qt::Key_Return}, {"enter", Qt::Key_Enter},  {"delete", Qt::Key_Delete},
+        {"c", Qt::Key_C},           {"v", Qt::Key_V},          {"f1", Qt::Key_F1},
+        {"f2", Qt::Key_F2},         {"space", Qt::Key_Space}};
     for (const QString& word : words.split(' ')) {
       const auto held = word.startsWith("ctrl-") ? Qt::ControlModifier : Qt::NoModifier;
       if (keys.contains(word.section("ctrl-", -1))) {
@@ -68,6 +69,44 @@ TEST_F(KeysTest, TabWalksThroughTheGridAndOutOfIt) {
   }
 }
 
+TEST_F(KeysTest, CtrlEnterCalculatesWhatIsTypedAndF1Helps) {
+  enter(true, 1, "x1-a", "1");
+  const std::array<std::string, 2> rows[] = {{"7 ctrl-return", "a"},
+                                             {"8 ctrl-enter", "a"},
+                                             {"f2 2 ctrl-enter", "jacobiMatrix"},
+                                             {"0.0 ctrl-return", "epsilon"}};
+  std::string shown;
+  for (const auto& [keys, field] : rows) {
+    child(field)->setFocus(Qt::TabFocusReason);
+    press(keys.c_str());
+    shown += results() + " " + child<QDoubleSpinBox>("epsilon")->text().toStdString() + "; ";
+  }
+  EXPECT_EQ(shown, "7;;;;2 0.00001; 78;;;;2 0.00001; 78;;;;22 0.00001; 78;;;;22 0.00001; ");
+  press("f1");
+  EXPECT_EQ(seen.title, "Справка");
+}
+
+TEST_F(KeysTest, BlocksOfCellsAreCopiedPastedAndEmptied) {
+  const QString signs[] = {"\t", "→", "\n", "↵", "\r", "←"};
+  for (const auto& [selected, keys, clipboard, cells] : rowsOf<4>("blocks.txt")) {
+    QString text = clipboard.c_str();
+    for (const int sign : {0, 2, 4})
+      text.replace(signs[sign + 1], signs[sign]);
+    QApplication::clipboard()->setText(keys == "ctrl-c" ? "other" : text);
+    enter(true, 3, "", "1;2;3;4;5;6;7;8;9");
+    grid()->setFocus();
+    const auto at = [&place = selected](std::size_t i) { return place[2 * i] - '0'; };
+    grid()->setCurrentCell(at(0), at(1));
+    grid()->setRangeSelected({at(0), at(1), at(2), at(3)}, true);
+    press(keys.c_str());
+    EXPECT_EQ(QApplication::clipboard()->text(), text) << keys;
+    QStringList left;
+    for (int i = 0; i < 9; ++i)
+      left << grid()->item(i / 3, i % 3)->text().replace('\t', "→");
+    EXPECT_EQ(left.join(';').toStdString(), cells) << keys << " " << clipboard;
+  }
+}
+
 TEST_F(KeysTest, TheTextToBlameIsSelected) {
   for (const auto& [method, equations, cells, selected, blamed] : rowsOf<5>("blamed.txt")) {
     enter(method == "Newton", 2, equations.c_str(), cells.c_str());
@@ -77,6 +116,20 @@ TEST_F(KeysTest, TheTextToBlameIsSelected) {
     EXPECT_EQ(focus(), blamed) << equations << " " << cells;
     auto* edit = qobject_cast<QLineEdit*>(QApplication::focusWidget());
     EXPECT_EQ(edit != nullptr ? edit->selectedText().toStdString() : "", selected);
+  }
+}
+
+TEST_F(KeysTest, ADoubleOrTripleClickSelectsANumberWhole) {
+  run("Simple", "-1.23457e-05");
+  child<QDoubleSpinBox>("a")->setValue(-1.25);
+  for (const char* name : {"n", "a", "q", "epsilon", "init_x_1", "res_x_1", "iters"}) {
+    auto* edit = qobject_cast<QLineEdit*>(child(name));
+    if (edit == nullptr) edit = child(name)->findChild<QLineEdit*>();
+    const QPoint inside(9, edit->height() / 2);
+    QTest::mouseDClick(edit, Qt::LeftButton, Qt::KeyboardModifiers(), inside);
+    EXPECT_EQ(edit->selectedText(), edit->text()) << name;
+    QTest::mouseClick(edit, Qt::LeftButton, Qt::KeyboardModifiers(), inside);
+    EXPECT_EQ(edit->selectedText(), edit->text()) << name;
   }
 }
 
@@ -97,13 +150,25 @@ TEST_F(KeysTest, TheWheelTurnsOnlyABoxWithTheFocus) {
   }
 }
 
-TEST_F(KeysTest, EveryCellHasAName) {
+TEST_F(KeysTest, EverythingHasANameForAssistiveTools) {
   enter(true, 2, "", ";2*x1");
   auto* cells = QAccessible::queryAccessibleInterface(grid())->tableInterface();
   EXPECT_EQ(cells->cellAt(0, 1)->text(QAccessible::Name), "Строка 1, столбец 2: 2*x1");
   click("clearButton");
+  const auto* bare = cells->cellAt(1, 0)->tableCellInterface();
+  EXPECT_EQ(bare->rowHeaderCells().at(0)->text(QAccessible::Name), "f2");
+  EXPECT_EQ(bare->columnHeaderCells().at(0)->text(QAccessible::Name), "x1");
   grid()->model()->setData(grid()->model()->index(1, 0), "");
   EXPECT_EQ(cells->cellAt(1, 0)->text(QAccessible::Name), "Строка 2, столбец 1");
+
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(window.get())->role(), QAccessible::Window);
+  EXPECT_EQ(child("eq_2")->accessibleName(), "f2(x)");
+  for (const std::string method : {"checkSimpleIters", "checkNewton"}) {
+    auto* button = QAccessible::queryAccessibleInterface(child(method))->actionInterface();
+    button->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(grid()->rowCount(), method == "checkNewton" ? 2 : 0);
+  }
+  EXPECT_EQ(child("taskView")->accessibleDescription().left(8), "f(x) = 0");
 }
 
 }  // namespace

@@ -133,6 +133,25 @@ TEST_F(WindowTest, EveryResultIsSeenWhole) {
   }
 }
 
+TEST_F(WindowTest, TheEndOfACellIsSeenOrItsToolTipHasIt) {
+  for (const auto& [text, end] : rowsOf<2>("cells.txt")) {
+    enter(true, 4, "", (";" + text).c_str());
+    const QRect cell = grid()->visualItemRect(grid()->item(0, 1));
+    const QImage shown = grid()->viewport()->grab(cell).toImage();
+    grid()->item(0, 1)->setText((text.substr(0, text.size() - 1) + "8").c_str());
+    EXPECT_EQ(grid()->viewport()->grab(cell).toImage() != shown, end == "seen") << text;
+    const auto tip = [&] {
+      QHelpEvent hover(QEvent::ToolTip, cell.center(), QPoint(100, 100));
+      QCoreApplication::sendEvent(grid()->viewport(), &hover);
+      return QToolTip::text().toStdString();
+    };
+    grid()->item(0, 1)->setText(text.c_str());
+    EXPECT_EQ(tip(), "∂f1/∂x2 = " + text);
+    click("clearButton");
+    EXPECT_EQ(tip(), "∂f1/∂x2 = ");
+  }
+}
+
 TEST_F(WindowTest, TheFormulasHaveTheColoursOfTheView) {
   auto* view = child<QGraphicsView>("taskView");
   const QPalette before = QApplication::palette();

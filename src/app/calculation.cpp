@@ -1,16 +1,20 @@
 // SPDX-FileCopyrightText: 2026 the Nordika authors
 // SPDX-License-Identifier: MIT
 
+#include <algorithm>
 #include <clocale>
 
 #include <QAbstractItemDelegate>
+#include <QApplication>
 #include <QMessageBox>
 
+#include "app/late_close.h"
 #include "app/letters.h"
 #include "app/row.h"
 #include "app/run_log.h"
 #include "app/widget.h"
 #include "nordika/trace.h"
+#include "run/foreign.h"
 #include "run/messages.h"
 #include "run/run.h"
 #include "ui_widget.h"
@@ -24,7 +28,8 @@ void showResult(QLineEdit& field, const QString& text) {
   nordika::fitLetters(field, {text});
 }
 
-void showError(const QString& text) {
+void showError(nordika::LateClose& close, const QString& text) {
+  close.collect();
   QMessageBox::information(nullptr, messages::kErrorTitle, text, QMessageBox::Ok);
 }
 
@@ -32,6 +37,15 @@ void showError(const QString& text) {
 // no expression may contain.
 std::string bytesOf(const QString& text) {
   return text.toLatin1().toStdString();
+}
+
+// The first characters that the language lacks: where they begin, and how many follow each
+// other.
+std::pair<int, int> foreignIn(const QString& text) {
+  const auto isOfLanguage = [](QChar c) { return nordika::isOfLanguage(c.unicode()); };
+  const auto begin = std::find_if_not(text.begin(), text.end(), isOfLanguage);
+  const auto end = std::find_if(begin, text.end(), isOfLanguage);
+  return {static_cast<int>(begin - text.begin()), static_cast<int>(end - begin)};
 }
 
 nordika::Row rowOf(const Ui_Widget& ui, int i) {
@@ -43,20 +57,25 @@ nordika::Row rowOf(const Ui_Widget& ui, int i) {
 }  // namespace
 
 void Widget::on_calcButton_clicked() {
+  nordika::LateClose close(*this);
   nordika::Trace::takeLoss();
-  calculate();
+  calculate(close);
   if (!nordika::Trace::takeLoss()) return;
-  showError(QString(messages::kLogNotWhole).arg(QString::fromStdString(nordika::openedRunLog())));
+  showError(close,
+            QString(messages::kLogNotWhole).arg(QString::fromStdString(nordika::openedRunLog())));
 }
 
-void Widget::calculate() {
+void Widget::calculate(nordika::LateClose& close) {
   clearResult();
-  commitCellEditor();
+  commitInput();
   std::setlocale(LC_ALL, "C");
-  const nordika::Outcome outcome = nordika::solve(problem());
+  const nordika::Problem entered = problem();
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  const nordika::Outcome outcome = nordika::solve(entered);
+  QApplication::restoreOverrideCursor();
   if (outcome.failure) {
-    showError(QString::fromStdString(outcome.failure->message));
-    if (outcome.failure->blame) select(outcome.failure->blame->place);
+    showError(close, QString::fromStdString(outcome.failure->message));
+    if (outcome.failure->blame) select(*outcome.failure->blame);
     return;
   }
   auto component = outcome.solution.begin();
@@ -65,6 +84,7 @@ void Widget::calculate() {
     showResult(*row.result, QString::number(*component++, 'g', 6));
   }
   showResult(*ui->iters, QString::number(outcome.iterations));
+  announceResult();
 }
 
 nordika::Problem Widget::problem() const {
@@ -83,20 +103,33 @@ nordika::Problem Widget::problem() const {
   return problem;
 }
 
-void Widget::select(const nordika::TextPlace& place) const {
-  if (place.isFunction) {
-    QLineEdit* equation = rowOf(*ui, place.row + 1).equation;
-    equation->setFocus();
-    equation->selectAll();
+void Widget::select(const nordika::Blame& blame) const {
+  QLineEdit* edit = nullptr;
+  if (blame.place.isFunction) {
+    edit = rowOf(*ui, blame.place.row + 1).equation;
+    edit->setFocus();
+    edit->selectAll();
   } else {
     ui->jacobiMatrix->setFocus();
-    ui->jacobiMatrix->setCurrentCell(place.row, place.column);
+    ui->jacobiMatrix->setCurrentCell(blame.place.row, blame.place.column);
   }
+  // A text that has been compiled has no foreign characters.
+  QTableWidgetItem* cell = ui->jacobiMatrix->currentItem();
+  if (!blame.x.empty() || (edit == nullptr && cell == nullptr)) return;
+  const auto [begin, length] = foreignIn(edit != nullptr ? edit->text() : cell->text());
+  if (length == 0) return;
+  if (edit == nullptr) {
+    ui->jacobiMatrix->editItem(cell);
+    edit = qobject_cast<QLineEdit*>(focusWidget());
+  }
+  edit->setSelection(begin, length);
 }
 
-// A mouse click on the button takes the focus from the cell and thereby ends its
-// editing. A press by an assistive tool leaves the editor open.
-void Widget::commitCellEditor() {
+// A mouse click on the button takes the focus and thereby ends the editing of a box or a
+// cell. Ctrl+Enter does not, nor does a press by an assistive tool.
+void Widget::commitInput() {
+  for (QAbstractSpinBox* box : findChildren<QAbstractSpinBox*>())
+    box->interpretText();
   QAbstractItemDelegate* cells = ui->jacobiMatrix->itemDelegate();
   for (QLineEdit* editor : ui->jacobiMatrix->findChildren<QLineEdit*>()) {
     emit cells->commitData(editor);

@@ -20,20 +20,32 @@ class Cell : public QTableWidgetItem {
   QVariant data(int role) const override;
 };
 
-/// The keys of the Jacobi grid, whether a cell is being edited or not. Tab and
-/// Shift+Tab go from cell to cell, out of the last cell to what follows in the focus
-/// chain, and out of the first one to what precedes. With Ctrl they leave at once.
-class CellKeys : public QStyledItemDelegate {
+/// The looks, tool tips and keys of the cells of the Jacobi grid.
+///
+/// A text that is too long has narrower letters, then an ellipsis. Tool tips have the
+/// whole text. Whether a cell is being edited or not, Tab and Shift+Tab go from cell to
+/// cell, out of the last cell to what follows in the focus chain, and out of the first
+/// one to what precedes. With Ctrl they leave at once. While none is being edited, Delete
+/// empties the selected cells, and the keys of the clipboard copy and paste blocks.
+class Cells : public QStyledItemDelegate {
  public:
   /// Becomes the delegate of the grid, which owns it.
-  explicit CellKeys(QTableWidget& grid);
+  explicit Cells(QTableWidget& grid);
+
+  /// Shows "∂f1/∂x2 = " and the text of the cell as its tool tip.
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override;
 
  protected:
+  /// Narrows the letters of the cell.
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
   /// Filters the events of the grid, and of the editors of its cells.
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
   bool leaves(const QKeyEvent& key) const;
+  void leave(QKeyEvent& key, QWidget* editor);
+  bool changesCells(const QKeyEvent& key);
 
   QTableWidget& table;
 };

@@ -42,6 +42,15 @@ void setMargins(QWidget& widget) {
     widget.findChild<QLineEdit*>()->setTextMargins(0, 0, 0, 0);
 }
 
+QRect editField(const QWidget& box) {
+  auto option = optionFor<QStyleOptionSpinBox>(box);
+  const auto& spinBox = static_cast<const QAbstractSpinBox&>(box);
+  option.frame = true;
+  option.buttonSymbols = spinBox.buttonSymbols();
+  return box.style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxEditField,
+                                     &box);
+}
+
 // The width for the advances of the text. Letters may reach one pixel beyond theirs.
 int roomIn(const QWidget& widget) {
   const QStyle& style = *widget.style();
@@ -56,10 +65,7 @@ int roomIn(const QWidget& widget) {
   if (edit != nullptr) {
     frame.lineWidth = style.pixelMetric(QStyle::PM_DefaultFrameWidth, &frame, edit);
   } else {
-    auto box = optionFor<QStyleOptionSpinBox>(widget);
-    box.frame = true;
-    frame.rect =
-        style.subControlRect(QStyle::CC_SpinBox, &box, QStyle::SC_SpinBoxEditField, &widget);
+    frame.rect = editField(widget);
     edit = widget.findChild<QLineEdit*>();
   }
   const QMargins margins = edit->textMargins();
@@ -107,24 +113,41 @@ class Raised : public QProxyStyle {
   int rise;
 };
 
-// Finds the widest stretch at which all texts fit.
+// The widest stretch at which something fits, otherwise the least one.
+template <typename Fits>
+int widestStretch(int least, Fits fits) {
+  if (fits(QFont::AnyStretch)) return QFont::AnyStretch;
+  for (int tooWide = 100; tooWide - least > 1;) {
+    const int middle = (least + tooWide) / 2;
+    (fits(middle) ? least : tooWide) = middle;
+  }
+  return least;
+}
+
 void narrow(QWidget& widget, const QStringList& texts) {
   const int room = roomIn(widget);
-  const auto fit = [&](int stretch) {
+  const auto setStretch = [&](int stretch) {
     QFont font = widget.font();
     font.setStretch(stretch);
     widget.setFont(font);
+  };
+  setStretch(widestStretch(1, [&](int stretch) {
+    setStretch(stretch);
     return std::all_of(texts.begin(), texts.end(),
                        [&](const QString& text) { return fits(widget, text, room); });
-  };
-  if (fit(QFont::AnyStretch)) return;
-  int least = 1;
-  for (int tooWide = 100; tooWide - least > 1;) {
-    const int middle = (least + tooWide) / 2;
-    (fit(middle) ? least : tooWide) = middle;
-  }
-  fit(least);
+  }));
 }
+
+// Gives the text all of a box without buttons. Some styles leave their room free.
+class Buttonless : public QProxyStyle {
+ public:
+  explicit Buttonless(QWidget& box) : QProxyStyle(box.style()->objectName()) { setParent(&box); }
+  QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                       const QWidget* box) const override {
+    if (part == SC_SpinBoxEditField) return option->rect.adjusted(2, 2, -2, -2);
+    return QProxyStyle::subControlRect(control, option, part, box);
+  }
+};
 
 void raise(QWidget& widget, const QString& text) {
   if (auto* label = qobject_cast<QLabel*>(&widget)) {
@@ -146,8 +169,22 @@ QFont inNarrowFamily(const QFont& font) {
   return narrow;
 }
 
+QFont narrowed(const QFont& font, const QString& text, int room, int least) {
+  QFont narrow = font;
+  narrow.setStretch(widestStretch(least, [&](int stretch) {
+    narrow.setStretch(stretch);
+    return QFontMetrics(narrow).horizontalAdvance(text) <= room;
+  }));
+  return narrow;
+}
+
 void fitLetters(QWidget& widget, const QStringList& texts) {
   setMargins(widget);
+  auto* box = qobject_cast<QAbstractSpinBox*>(&widget);
+  if (box != nullptr && 2 * editField(widget).width() < widget.width()) {
+    box->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    box->setStyle(new Buttonless(*box));
+  }
   narrow(widget, texts);
   raise(widget, texts.first());
 }

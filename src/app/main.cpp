@@ -16,6 +16,8 @@ int main(int argc, char* argv[]) {
     if (fcntl(file, F_GETFD) < 0) open("/dev/null", O_RDWR);
   }
   nordika::followChosenResolution();
+  // By it desktops know whose window this is.
+  QGuiApplication::setDesktopFileName("io.github.nordika.nordika");
   QApplication application(argc, argv);
   Widget window;
   window.show();

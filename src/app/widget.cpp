@@ -8,11 +8,14 @@
 #include <ctime>
 
 #include <QApplication>
+#include <QDir>
 #include <QGraphicsScene>
 #include <QLocale>
 #include <QMessageBox>
+#include <QShortcut>
 
 #include "app/cells.h"
+#include "app/double_click.h"
 #include "app/formula.h"
 #include "app/letters.h"
 #include "app/row.h"
@@ -36,6 +39,19 @@ void setText(QLabel& label, const QString& before, const QString& subscript, con
   nordika::fitLetters(label, {before + subscript + after});
 }
 
+QIcon iconOf(std::initializer_list<int> sizes) {
+  QIcon icon;
+  for (const int size : sizes)
+    icon.addFile(QString(":/icon/%1.png").arg(size));
+  return icon;
+}
+
+void pressBy(const char* keys, QPushButton& button) {
+  auto* shortcut = new QShortcut(QKeySequence(keys), button.window());
+  shortcut->setAutoRepeat(false);
+  QObject::connect(shortcut, &QShortcut::activated, &button, &QPushButton::click);
+}
+
 }  // namespace
 
 Widget::Widget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui_Widget>()) {
@@ -45,17 +61,27 @@ Widget::Widget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui_Widget
   // Before the form is built, so that the fonts of another family are not loaded.
   QApplication::setFont(nordika::inNarrowFamily(QApplication::font()));
   ui->setupUi(this);
+  setWindowIcon(iconOf({16, 32, 48, 128}));
   std::setlocale(LC_ALL, "C");
   // The 4 × 4 cells leave one pixel for the frame on each side. Some styles draw
   // wider frames.
   if (ui->jacobiMatrix->frameWidth() > 1) ui->jacobiMatrix->setFrameStyle(QFrame::Box);
-  new nordika::CellKeys(*ui->jacobiMatrix);
+  new nordika::Cells(*ui->jacobiMatrix);
   ui->jacobiMatrix->setItemPrototype(new nordika::Cell);  // for texts in cells without items
   ui->taskView->setScene(new QGraphicsScene);             // lives until the process ends
   fitTexts();
+  explainBoxes();
   nameFields();
-  for (QAbstractSpinBox* box : findChildren<QAbstractSpinBox*>())
+  for (QAbstractSpinBox* box : findChildren<QAbstractSpinBox*>()) {
     nordika::turnOnlyWithFocus(*box);
+    nordika::selectAllByDoubleClick(*box->findChild<QLineEdit*>());
+  }
+  for (const Row& row : rowsOf(*ui))
+    nordika::selectAllByDoubleClick(*row.result);
+  nordika::selectAllByDoubleClick(*ui->iters);
+  pressBy("Ctrl+Return", *ui->calcButton);
+  pressBy("Ctrl+Enter", *ui->calcButton);  // that of the keypad
+  pressBy("F1", *ui->helpButton);
   on_checkSimpleIters_clicked();
   on_n_valueChanged(ui->n->value());
   ui->n->selectAll();
@@ -67,7 +93,12 @@ Widget::~Widget() = default;
 
 void Widget::setFiles() {
   const std::string name = nordika::runLogName(std::time(nullptr));
-  if (nordika::openRunLog(name)) return;
+  if (nordika::openRunLog(name)) {
+    const QString path = QDir::current().filePath(QString::fromStdString(name));
+    ui->iters->setToolTip(path);
+    ui->iters->setAccessibleDescription(path);
+    return;
+  }
   QMessageBox::information(nullptr, messages::kErrorTitle,
                            QString(messages::kLogNotOpened).arg(QString::fromStdString(name)),
                            QMessageBox::Ok);
@@ -87,22 +118,11 @@ void Widget::fitTexts() {
   nordika::fitLetters(*ui->n, {QString::number(ui->n->maximum())});
 }
 
-void Widget::nameFields() {
-  ui->n->setAccessibleName(ui->label_n->toolTip());
-  ui->epsilon->setAccessibleName(ui->label_epsilon->toolTip());
-  ui->a->setAccessibleName("Параметр a");
-  ui->a->setAccessibleDescription(ui->label_a->toolTip());
-  ui->q->setAccessibleName("Константа сжатия q");
-  ui->jacobiMatrix->setAccessibleName(ui->label_frame_4->text());
-  ui->iters->setAccessibleName(ui->label_iters->text().remove(':'));
-  ui->taskView->setAccessibleName(ui->label_frame_7->text());
-  int k = 0;
-  for (const Row& row : rowsOf(*ui)) {
-    ++k;
-    row.equation->setAccessibleName(QString("Уравнение %1").arg(k));
-    row.init->setAccessibleName(QString("%1 x%2").arg(ui->label_frame_2->text()).arg(k));
-    row.result->setAccessibleName(QString("%1 x%2").arg(ui->label_frame_3->text()).arg(k));
-  }
+void Widget::explainBoxes() {
+  ui->n->setToolTip(ui->label_n->toolTip());
+  ui->epsilon->setToolTip(ui->label_epsilon->toolTip());
+  ui->a->setToolTip(ui->label_a->toolTip());
+  ui->q->setToolTip("Константа сжатия");
 }
 
 void Widget::refresh() {
@@ -119,6 +139,7 @@ void Widget::refresh() {
     else
       setText(*row.after, " = x", digit, "");
   }
+  nameEquations();
   ui->label_q->setVisible(method == 0);
   ui->q->setVisible(method == 0);
   refreshJacobiMatrix();
@@ -136,6 +157,7 @@ void Widget::refreshJacobiMatrix() {
         ui->jacobiMatrix->setItem(i, j, new nordika::Cell);
     }
   }
+  nameCells();
 }
 
 void Widget::clearJacobiMatrix() {
@@ -151,6 +173,7 @@ void Widget::clearInput() {
   ui->a->setValue(0.0);
   ui->q->setValue(0.5);
   ui->jacobiMatrix->clear();
+  nameCells();
 }
 
 void Widget::clearResult() {

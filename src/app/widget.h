@@ -17,8 +17,9 @@ class QString;
 class Ui_Widget;
 
 namespace nordika {
+class LateClose;
+struct Blame;
 struct Problem;
-struct TextPlace;
 }  // namespace nordika
 
 /// The main window: the input panel and the calculation run. Its slots are
@@ -82,13 +83,17 @@ class Widget : public QWidget {
   Q_SLOT void on_helpButton_clicked();
 
   void fitTexts();
+  void explainBoxes();
   void nameFields();
+  void nameEquations();
+  void nameCells();
+  void announceResult();
   void showTask(const QString& picture, const QSize& size);
-  void commitCellEditor();
-  void calculate();
+  void commitInput();
+  void calculate(nordika::LateClose& close);
   nordika::Problem problem() const;
   std::optional<std::string> textOfCell(int row, int column) const;
-  void select(const nordika::TextPlace& place) const;
+  void select(const nordika::Blame& blame) const;
 
   int method = 0;  // 0: simple iterations, else Newton's method
   std::unique_ptr<Ui_Widget> ui;
