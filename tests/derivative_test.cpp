@@ -152,7 +152,8 @@ TEST(Derivative, IsLimitedByItsLengthAlone) {
   for (const char* const opening : {"sin(", "x*(", "x/(", "x^("})
     EXPECT_THROW(nested(opening), std::length_error) << opening;
   getrusage(RUSAGE_SELF, &after);
-  EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 600'000) << "kilobytes, where the longest text would take 1.8 million";
+  EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 600'000)
+      << "kilobytes, where the longest text would take 1.8 million";
 
   const auto product = [](int n) {
     return derivative(Expression(repeated("x*", n - 1) + "x"), "x");
