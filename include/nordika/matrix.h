@@ -140,6 +140,9 @@ class Matrix {
  private:
   friend class nordika::detail::LupSolver;
 
+  template <typename Operation>
+  Matrix combined(const Matrix& b, Operation operation) const;
+
   // Makes this the product; neither factor is this. Memory is reused.
   void assignProduct(const Matrix& a, const Matrix& b);
   void checkIndices(int i, int j) const;

@@ -10,7 +10,6 @@
 
 #include "cli/output.h"
 #include "number/read_number.h"
-#include "run/jacobian.h"
 
 namespace nordika {
 

@@ -11,7 +11,6 @@
 #include "cli/json.h"
 #include "cli/output.h"
 #include "cli/streams.h"
-#include "run/jacobian.h"
 #include "run/messages.h"
 #include "run/run.h"
 

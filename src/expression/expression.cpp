@@ -20,14 +20,6 @@ std::set<std::string> namesIn(const Row (&table)[size]) {
   return names;
 }
 
-// A whole set is copied without comparisons.
-void fill(std::set<std::string>& names, const std::set<std::string>& more) {
-  if (names.empty())
-    names = more;
-  else
-    names.insert(more.begin(), more.end());
-}
-
 }  // namespace
 
 Expression::Expression(const std::string& text) {
@@ -45,8 +37,8 @@ Expression::Expression(const std::string& text) {
 void Expression::initialize() {
   static const std::set<std::string> functionNames = namesIn(nordika::detail::kFunctions);
   static const std::set<std::string> signs = namesIn(nordika::detail::kOperators);
-  fill(functions, functionNames);
-  fill(operators, signs);
+  functions.insert(functionNames.begin(), functionNames.end());
+  operators.insert(signs.begin(), signs.end());
   for (const auto& [name, value] : nordika::detail::kConstants)
     variables[std::string(name)] = value;
 }

@@ -22,11 +22,6 @@ bool isLetter(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
-std::string renderNumber(double value) {
-  char text[nordika::detail::kSixDigitsLength];
-  return {text, nordika::detail::writeSixDigits(text, value)};
-}
-
 }  // namespace
 
 const std::string Expression::token_t_list[8] = {
@@ -71,7 +66,9 @@ void Expression::split(const std::string& text, std::vector<token>& out) {
     if (length > 0 && isDigit(c)) {
       const std::optional<double> value = nordika::detail::extractNumber(rest);
       if (!value) throw ExpressionWrongFormat();
-      out.push_back({renderNumber(*value), number});
+      char digits[nordika::detail::kSixDigitsLength];
+      const char* const end = nordika::detail::writeSixDigits(digits, *value);
+      out.push_back({{static_cast<const char*>(digits), end}, number});
       continue;
     }
     if (length > 0) {

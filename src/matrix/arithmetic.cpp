@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "matrix/row_lengths.h"
+#include "matrix/checks.h"
 #include "nordika/matrix.h"
 
 using nordika::detail::checkRowLengths;

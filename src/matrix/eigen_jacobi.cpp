@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "matrix/finite.h"
+#include "matrix/checks.h"
 #include "matrix/matrix_trace.h"
 #include "nordika/matrix.h"
 #include "nordika/trace.h"

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <string_view>
 
-#include "matrix/row_lengths.h"
+#include "matrix/checks.h"
 #include "nordika/matrix.h"
 #include "nordika/trace.h"
 

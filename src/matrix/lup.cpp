@@ -5,9 +5,9 @@
 #include <cmath>
 #include <iterator>
 
+#include "matrix/checks.h"
 #include "matrix/lup_solver.h"
 #include "matrix/matrix_trace.h"
-#include "matrix/row_lengths.h"
 #include "nordika/matrix.h"
 #include "nordika/trace.h"
 

@@ -10,7 +10,7 @@
 #include <new>
 #include <utility>
 
-#include "matrix/row_lengths.h"
+#include "matrix/checks.h"
 
 using nordika::detail::checkRowLengths;
 
@@ -62,28 +62,25 @@ Matrix Matrix::operator*(const double& s) const {
   return product;
 }
 
-Matrix Matrix::operator+(const Matrix& b) const {
+template <typename Operation>
+Matrix Matrix::combined(const Matrix& b, Operation operation) const {
   checkDimension(b.rows.size());
   checkRowLengths(*this);
   checkRowLengths(b);
-  Matrix sum(dimension());
+  Matrix result(dimension());
   for (std::size_t i = 0; i < rows.size(); ++i) {
     std::transform(rows[i].begin(), rows[i].begin() + dimension(), b.rows[i].begin(),
-                   sum.rows[i].begin(), std::plus<>());
+                   result.rows[i].begin(), operation);
   }
-  return sum;
+  return result;
+}
+
+Matrix Matrix::operator+(const Matrix& b) const {
+  return combined(b, std::plus<>());
 }
 
 Matrix Matrix::operator-(const Matrix& b) const {
-  checkDimension(b.rows.size());
-  checkRowLengths(*this);
-  checkRowLengths(b);
-  Matrix difference(dimension());
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    std::transform(rows[i].begin(), rows[i].begin() + dimension(), b.rows[i].begin(),
-                   difference.rows[i].begin(), std::minus<>());
-  }
-  return difference;
+  return combined(b, std::minus<>());
 }
 
 Matrix Matrix::transposed() const {

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "matrix/row_lengths.h"
+#include "matrix/checks.h"
 #include "nordika/matrix.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "matrix/finite.h"
+#include "matrix/checks.h"
 #include "nordika/matrix.h"
 
 using nordika::detail::isFinite;

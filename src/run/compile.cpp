@@ -3,8 +3,8 @@
 
 #include "run/compile.h"
 
+#include "nordika/derivative.h"
 #include "number/six_digits.h"
-#include "run/jacobian.h"
 
 namespace nordika {
 
@@ -16,6 +16,15 @@ std::string parameterText(double a) {
 Function compile(const std::optional<std::string>& text, const std::string& parameters) {
   if (!text) throw 42;
   return {text->empty() ? "0" : *text, parameters};
+}
+
+std::vector<std::string> derivedJacobian(const std::vector<Function>& functions) {
+  std::vector<std::string> texts;
+  for (const Function& function : functions) {
+    for (std::size_t j = 1; j <= functions.size(); ++j)
+      texts.push_back(derivative(function, std::string("x").append(std::to_string(j))));
+  }
+  return texts;
 }
 
 System compileAll(Problem& problem) {

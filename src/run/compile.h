@@ -28,6 +28,10 @@ std::string parameterText(double a);
 /// @throws int for a missing text, which the run reports as an undefined error
 Function compile(const std::optional<std::string>& text, const std::string& parameters);
 
+/// The texts of the Jacobi matrix of n functions, n × n, row by row; throws as derivative()
+/// does.
+std::vector<std::string> derivedJacobian(const std::vector<Function>& functions);
+
 /// Compiles the texts of the problem, the functions first. If Newton's method has no Jacobi
 /// matrix, its texts are derived and put into the problem. Throws as compile() and
 /// derivative() do.

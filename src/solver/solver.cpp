@@ -13,7 +13,6 @@
 #include "expression/point.h"
 #include "matrix/lup_solver.h"
 #include "nordika/trace.h"
-#include "solver/precondition.h"
 #include "trace/scoped_function.h"
 
 using nordika::kMaxIterations;
@@ -22,6 +21,14 @@ using nordika::Trace;
 using nordika::detail::LupSolver;
 using nordika::detail::Point;
 using nordika::detail::ScopedFunction;
+
+// As assert(), but alive in every build. Users report a broken precondition by
+// the text that the C library prints: condition, file, line and signature. File,
+// line and signature are therefore data; they stay when the source or the
+// compiler changes. The names in a condition must stay, too.
+#define NORDIKA_PRECONDITION(condition, line, signature) \
+  ((condition) ? static_cast<void>(0)                    \
+               : __assert_fail(#condition, "src/solver/solver.cpp", line, signature))
 
 namespace {
 
