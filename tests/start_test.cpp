@@ -70,7 +70,7 @@ void checkFrames(Widget& window) {
       const QPointF from = corners[side];
       const QPointF along = from + (corners[side + 1] - from) * (point % 100 + 10) / 100;
       bool seen = false;
-      for (qreal depth = -0.5; depth < 1.5; depth += 0.25)
+      for (const qreal depth : {-0.5, -0.25, 0.0, 0.25, 0.5, 0.75, 1.0, 1.25})
         seen =
             seen || colour(along + inward[side] * depth) != colour(edge.topLeft() + QPointF(4, 4));
       expect(seen, QString("side %1 of %2 at %3").arg(side).arg(frame->objectName()).arg(scale));
