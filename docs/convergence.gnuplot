@@ -105,7 +105,11 @@ set linetype 1 linecolor rgb "#1f5fa8" pointtype 7
 set linetype 2 linecolor rgb "#c8501e" pointtype 5
 set linetype 3 linecolor rgb "#2e8540" pointtype 9
 set linetype 4 linecolor rgb "#7b4ea3" pointtype 13
-set linetype cycle 4
+set linetype 5 linecolor rgb "#a0522d" pointtype 11
+set linetype 6 linecolor rgb "#0f7f8f" pointtype 15
+set linetype 7 linecolor rgb "#b03060" pointtype 6
+set linetype 8 linecolor rgb "#555555" pointtype 4
+set linetype cycle 8
 
 curves = "plot for [i = 0:iteration_blocks - 1] $runs index i using 1:2 \
   with linespoints pointnumber 40 pointsize 1.1 title columnheader(1)"

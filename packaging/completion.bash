@@ -27,10 +27,13 @@ _nordika_solve() {
 _nordika_plot() {
   local word=${COMP_WORDS[COMP_CWORD]}
   COMPREPLY=()
-  case ${COMP_WORDS[COMP_CWORD - 1]}/$word in
-    --run/* | --eps/*) ;;
-    -o/* | */[!-]* | */) _nordika_files "$word" ;;
-    *) mapfile -t COMPREPLY < <(compgen -W '-o --run --eps --help --version' -- "$word") ;;
+  case ${COMP_WORDS[COMP_CWORD - 1]} in
+    --run | --eps) ;;
+    -o) _nordika_files "$word" ;;
+    *)
+      [[ $word == -* ]] || _nordika_files "$word"
+      [[ $word != -* ]] || mapfile -t COMPREPLY < <(compgen -W '-o --run --eps --help --version' -- "$word")
+      ;;
   esac
 }
 

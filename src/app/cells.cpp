@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QTextDocument>
 #include <QToolTip>
 
 #include "app/cell_blocks.h"
@@ -42,7 +43,11 @@ bool Cells::helpEvent(QHelpEvent* event, QAbstractItemView* view,
   if (event->type() != QEvent::ToolTip)
     return QStyledItemDelegate::helpEvent(event, view, option, index);
   const QString derivative = QString("∂f%1/∂x%2 = ").arg(index.row() + 1).arg(index.column() + 1);
-  QToolTip::showText(event->globalPos(), derivative + index.data().toString(), view);
+  const QString text = derivative + index.data().toString();
+  // Tags in a text are shown as they are, too.
+  const bool hasTags = Qt::mightBeRichText(text);
+  QToolTip::showText(event->globalPos(),
+                     hasTags ? QString("<qt>%1</qt>").arg(text.toHtmlEscaped()) : text, view);
   return true;
 }
 

@@ -67,7 +67,7 @@ void followChosenResolution() {
   // As Qt 6 does by itself. Its headers declare the attribute of Qt 5 obsolete.
   setenv("QT_ENABLE_HIGHDPI_SCALING", "1", 0);
   setenv("QT_SCALE_FACTOR_ROUNDING_POLICY", "PassThrough", 0);
-  Display* const display = XOpenDisplay(nullptr);
+  static Display* const display = XOpenDisplay(nullptr);
   if (display == nullptr) return;
   const QByteArray resolution = resolutionOf(display);
   const int tenths = scaleInTenths(resolution.toDouble(), roomOn(display));

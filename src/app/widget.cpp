@@ -61,7 +61,7 @@ Widget::Widget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui_Widget
   // Before the form is built, so that the fonts of another family are not loaded.
   QApplication::setFont(nordika::inNarrowFamily(QApplication::font()));
   ui->setupUi(this);
-  setWindowIcon(iconOf({16, 32, 48, 128}));
+  QApplication::setWindowIcon(iconOf({16, 32, 48, 128}));  // of the boxes, too
   std::setlocale(LC_ALL, "C");
   // The 4 × 4 cells leave one pixel for the frame on each side. Some styles draw
   // wider frames.
@@ -219,5 +219,11 @@ void Widget::on_checkNewton_clicked() {
 }
 
 void Widget::on_helpButton_clicked() {
+  const auto editor = ui->jacobiMatrix->findChild<QLineEdit*>();
+  const QString typed = editor != nullptr ? editor->text() : QString();
   QMessageBox::information(nullptr, messages::kHelpTitle, messages::kHelp, QMessageBox::Ok);
+  if (typed.isEmpty()) return;
+  // The box has ended the editing of the cell; what is typed next belongs to its text.
+  ui->jacobiMatrix->edit(ui->jacobiMatrix->currentIndex());
+  if (auto* again = ui->jacobiMatrix->findChild<QLineEdit*>()) again->end(false);
 }

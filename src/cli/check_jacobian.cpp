@@ -7,7 +7,10 @@
 #include <cmath>
 #include <exception>
 #include <limits>
+#include <optional>
+#include <string_view>
 
+#include "cli/failure_lines.h"
 #include "cli/output.h"
 #include "number/read_number.h"
 
@@ -91,50 +94,63 @@ std::vector<Point> pointsAround(const Point& start) {
   return points;
 }
 
+// What belongs to an element.
+struct Trio {
+  Function& function;
+  Function& element;
+  Function& derivative;
+};
+
 // The line on an element that is wrong, nothing on others.
-std::string lineOnElement(Function& function, Function& element, Function& derivative,
-                          const std::vector<Point>& points, const std::string& name) {
-  std::exception_ptr fault;  // of the first point
+std::string lineOnElement(const Trio& trio, const Blame (&blames)[3],
+                          const std::vector<Point>& points) {
+  std::optional<BlamedFault> first;
   bool isDefined = false;
   for (const Point& x : points) {
+    const Blame* blame = blames;
     try {
-      function(x);
-      const Rounded typed = valueAt(element, x);
-      const Rounded expected = valueAt(derivative, x);
+      trio.function(x);
+      ++blame;
+      const Rounded typed = valueAt(trio.element, x);
+      ++blame;
+      const Rounded expected = valueAt(trio.derivative, x);
       isDefined = true;
       const double larger = std::max(std::fabs(typed.value), std::fabs(expected.value));
       const double tolerance = 1e-5 * larger + 4 * (typed.error + expected.error);
       if (std::fabs(typed.value - expected.value) > tolerance)
-        return std::string(name)
+        return std::string("J")
+            .append(nameOf(blames[1].place).substr(std::string_view("jacobian").size()))
             .append(": typed ")
             .append(shownNumber(typed.value))
             .append(", expected ")
             .append(shownNumber(expected.value));
     } catch (...) {
-      if (fault == nullptr) fault = std::current_exception();
+      if (!first) first = {std::current_exception(), *blame};
     }
   }
-  if (!isDefined) std::rethrow_exception(fault);
+  if (!isDefined) throw BlamedFault(*first);
   return "";
 }
 
 }  // namespace
 
-std::string linesOnWrongElements(System& system, const std::vector<double>& start) {
-  const std::vector<Point> points = pointsAround(start);
+std::string linesOnWrongElements(System& system, const Problem& problem) {
+  const std::vector<Point> points = pointsAround(problem.start);
   const std::size_t n = system.functions.size();
   const std::vector<std::string> derivatives = derivedJacobian(system.functions);
   std::string lines;
   for (std::size_t i = 0; i < n; ++i) {
     for (std::size_t j = 0; j < n; ++j) {
-      const std::string& text = derivatives[i * n + j];
-      Function derivative(text);
+      const std::size_t k = i * n + j;
+      Function derivative(derivatives[k]);
       derivative.variables = system.functions[i].variables;
-      std::string name = "J[";
-      name.append(std::to_string(i + 1)).append("][").append(std::to_string(j + 1)).append("]");
-      const std::string line =
-          lineOnElement(system.functions[i], system.jacobian[i][j], derivative, points, name);
-      if (!line.empty()) lines.append(line).append(" = ").append(text).append("\n");
+      const TextPlace place = {false, static_cast<int>(i), static_cast<int>(j)};
+      const Trio trio = {system.functions[i], system.jacobian[i][j], derivative};
+      const Blame blames[] = {{{true, place.row, 0}, problem.functions[i], problem.start},
+                              {place, *problem.jacobian[k], problem.start},
+                              {place, derivatives[k], problem.start}};
+      const std::string line = lineOnElement(trio, blames, points);
+      if (!line.empty()) lines.append(line).append(" = ").append(derivatives[k]).append("\n");
     }
   }
   return lines;

@@ -19,12 +19,12 @@ namespace nordika {
 /// - 1e-5 of the larger one: texts have numbers of six digits,
 /// - four times the bound of the rounding errors in both.
 /// @param system n functions and n rows of n elements
-/// @param start of length n
+/// @param problem whose texts the system has, with a typed matrix
 /// @return a line for each wrong element, row by row, with the values at the first point
 ///   that shows it
-/// @throws what the function, the element or its derivative throws at the start, if no
-///   point is left
-std::string linesOnWrongElements(System& system, const std::vector<double>& start);
+/// @throws BlamedFault if no point is left, with what the function, the element or its
+///   derivative throws at the start
+std::string linesOnWrongElements(System& system, const Problem& problem);
 
 }  // namespace nordika
 

@@ -6,9 +6,8 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <map>
-#include <system_error>
+#include <sys/stat.h>
 
 #include "cli/problem_file.h"
 #include "cli/words.h"
@@ -43,9 +42,8 @@ struct Options {
   CLI::Option* config = add("--config", "FILE", "Read options from FILE");
   CLI::Option* checkJacobian = addFlag(
       "--check-jacobian", "Only compare the Jacobi matrix with the derivatives of the functions");
-  CLI::Option* printJacobian =
-      addFlag("--print-jacobian",
-              "Only print the derivatives of the functions, as a line of a problem file");
+  CLI::Option* printJacobian = addFlag(
+      "--print-jacobian", "Only print the derivatives of the functions, for a problem file");
   CLI::Option* help = app.set_help_flag("-h,--help", "Print this text");
   CLI::Option* version =
       app.set_version_flag("--version", "nordika-solve " NORDIKA_VERSION "\n", "Print the version");
@@ -168,6 +166,14 @@ std::string parse(Options& options, const Words& words) {
   return "";
 }
 
+// Also of pipes, which std::filesystem::equivalent() cannot compare.
+bool isOneFile(const std::string& a, const std::string& b) {
+  struct stat first = {};
+  struct stat second = {};
+  return stat(a.c_str(), &first) == 0 && stat(b.c_str(), &second) == 0 &&
+         first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+}
+
 // 0 for what is no limit of iterations.
 int toLimit(double number) {
   const bool isLimit = number >= 1 && number <= kMaxIterations && number == std::trunc(number);
@@ -215,9 +221,8 @@ void check(const Options& options, const Given& given, const Command& command) {
   };
   requireCount(options.start, problem.start.size(), n);
   if (given.has(options.jacobian)) requireCount(options.jacobian, problem.jacobian.size(), n * n);
-  std::error_code ignored;  // if a file is missing, the two are not the same
-  refuseIf(command.log && std::filesystem::equivalent(given.path(), *command.log, ignored),
-           options.log, " names the problem file");
+  refuseIf(command.log && isOneFile(given.path(), *command.log), options.log,
+           " names the problem file");
 }
 
 }  // namespace

@@ -33,7 +33,8 @@ std::string foreignCharacter(const std::string& text) {
     converter.in(state, at, end, next, &character, &character + 1, decoded);
     const auto offset = static_cast<std::size_t>(at - bytes.data());
     char code[16];
-    if (decoded == &character) {
+    const bool isSurrogate = character >= 0xD800 && character < 0xE000;
+    if (decoded == &character || isSurrogate) {
       std::snprintf(code, sizeof code, "0x%02X", static_cast<unsigned>(*at));
       return std::string(": byte ") + code + " is not UTF-8";
     }
@@ -69,7 +70,7 @@ std::string lineOnEstimates(const Problem& problem, const Course& course) {
                            " since iteration " + std::to_string(course.smallestAt);
   // Rounding x to six digits moves it by up to 5e-6 of itself, and the next iterate by
   // somewhat more.
-  const bool isRounding = course.smallest < 1e-4 * vnorm(course.x);
+  const bool isRounding = course.smallest < 1e-4 * course.sizeThere;
   return isRounding ? line + ": the functions see six digits of x" : line;
 }
 

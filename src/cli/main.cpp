@@ -57,7 +57,7 @@ int run(const Command& command) {
   nordika::Outcome outcome;
   if (command.checksJacobian) {
     outcome.failure = nordika::attempt(command.problem, [&](nordika::System& system) {
-      output = nordika::linesOnWrongElements(system, command.problem.start);
+      output = nordika::linesOnWrongElements(system, command.problem);
       isWrong = !output.empty();
       if (!isWrong) output = nordika::lineOfAgreement(command.problem.jacobian.size());
     });

@@ -3,7 +3,10 @@
 
 #include "nordika/derivative.h"
 
+#include <array>
+#include <cstddef>
 #include <iterator>
+#include <optional>
 #include <vector>
 
 #include "expression/algebra.h"
@@ -21,13 +24,13 @@ constexpr Term (Algebra::*kCombine[])(const Term&, const Term&) = {
     &Algebra::sum, &Algebra::difference, &Algebra::product, &Algebra::quotient, &Algebra::power};
 static_assert(std::size(kCombine) == std::size(kOperators));
 
-// The rules of a table, compiled.
-template <typename Row, std::size_t size>
-std::vector<Expression> rulesOf(const Row (&table)[size]) {
-  std::vector<Expression> rules;
-  for (const Row& row : table)
-    rules.emplace_back(row.derivative.text);
-  return rules;
+// The rule of a row, compiled when it is first used: most texts need few of them.
+template <const auto& table>
+const Expression& ruleOf(std::ptrdiff_t row) {
+  thread_local std::array<std::optional<Expression>, std::size(table)> rules;
+  std::optional<Expression>& rule = rules.begin()[row];
+  if (!rule) rule.emplace(table[row].derivative.text);
+  return *rule;
 }
 
 // Evaluates a postfix sequence with other values than numbers.
@@ -104,15 +107,13 @@ struct ArithmeticOfDifferentials {
     return {Algebra::negated(u.value), Algebra::negated(u.derivative)};
   }
   Differential combined(const Operator& op, const Differential& u, const Differential& v) const {
-    static const std::vector<Expression> rules = rulesOf(kOperators);
     const Term value = (algebra.*kCombine[&op - kOperators])(u.value, v.value);
     if (Algebra::isNumber(value)) return {value};  // 1^x
-    return {value, derived(rules.begin()[&op - kOperators], u, v)};
+    return {value, derived(ruleOf<kOperators>(&op - kOperators), u, v)};
   }
   Differential called(const BuiltinFunction& function, const Differential& u) const {
-    static const std::vector<Expression> rules = rulesOf(kFunctions);
     return {algebra.call(function.name, u.value),
-            derived(rules.begin()[&function - kFunctions], u, u)};
+            derived(ruleOf<kFunctions>(&function - kFunctions), u, u)};
   }
 
  private:

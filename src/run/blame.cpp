@@ -55,6 +55,12 @@ std::optional<Blame> findBlame(const Problem& problem, const std::vector<double>
     if (fails([&] { compile(placed.text, parameters)(x); }))
       return Blame{placed.place, *placed.text, x};
   }
+  // A matrix that was to be derived is missing: some derivative is too long.
+  for (const PlacedText& placed : texts) {
+    if (problem.isNewton && problem.jacobian.empty() &&
+        fails([&] { derivedRow(compile(placed.text, parameters), texts.size()); }))
+      return Blame{placed.place, *placed.text, {}};
+  }
   return {};
 }
 

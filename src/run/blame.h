@@ -28,8 +28,9 @@ struct Blame {
 };
 
 /// Finds the text that made a run fail: the first one that does not compile, otherwise the
-/// first one that fails at the approximation x. Both in the order of the methods: the
-/// functions, then the Jacobi matrix row by row.
+/// first one that fails at the approximation x, otherwise the first one that cannot be
+/// derived although it should. All in the order of the methods: the functions, then the
+/// Jacobi matrix row by row.
 /// @param x of length n; where an element is not finite, no text is to blame
 std::optional<Blame> findBlame(const Problem& problem, const std::vector<double>& x);
 

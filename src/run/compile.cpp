@@ -18,11 +18,18 @@ Function compile(const std::optional<std::string>& text, const std::string& para
   return {text->empty() ? "0" : *text, parameters};
 }
 
+std::vector<std::string> derivedRow(const Function& function, std::size_t n) {
+  std::vector<std::string> texts;
+  for (std::size_t j = 1; j <= n; ++j)
+    texts.push_back(derivative(function, std::string("x").append(std::to_string(j))));
+  return texts;
+}
+
 std::vector<std::string> derivedJacobian(const std::vector<Function>& functions) {
   std::vector<std::string> texts;
   for (const Function& function : functions) {
-    for (std::size_t j = 1; j <= functions.size(); ++j)
-      texts.push_back(derivative(function, std::string("x").append(std::to_string(j))));
+    const std::vector<std::string> row = derivedRow(function, functions.size());
+    texts.insert(texts.end(), row.begin(), row.end());
   }
   return texts;
 }

@@ -4,6 +4,7 @@
 #ifndef NORDIKA_RUN_COMPILE_H
 #define NORDIKA_RUN_COMPILE_H
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,6 +28,9 @@ std::string parameterText(double a);
 /// @throws ExpressionWrongFormat for malformed text
 /// @throws int for a missing text, which the run reports as an undefined error
 Function compile(const std::optional<std::string>& text, const std::string& parameters);
+
+/// The texts of the derivatives by x1 .. xn; throws as derivative() does.
+std::vector<std::string> derivedRow(const Function& function, std::size_t n);
 
 /// The texts of the Jacobi matrix of n functions, n × n, row by row; throws as derivative()
 /// does.

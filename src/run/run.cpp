@@ -56,6 +56,7 @@ std::optional<Failure> attempt(Problem problem, const std::function<void(System&
     if (estimate < course.smallest) {
       course.smallest = estimate;
       course.smallestAt = k;
+      course.sizeThere = vnorm(x);
     }
     return k < problem.maxIterations;
   });
@@ -65,6 +66,14 @@ std::optional<Failure> attempt(Problem problem, const std::function<void(System&
     return std::nullopt;
   } catch (const Stopped&) {
     return describe(problem.maxIterations);  // every text had a value
+  } catch (const BlamedFault& fault) {
+    try {
+      std::rethrow_exception(fault.cause);
+    } catch (...) {
+      Failure failure = describe(problem.maxIterations);
+      failure.blame = fault.blame;
+      return failure;
+    }
   } catch (...) {
     Failure failure = describe(problem.maxIterations);
     failure.blame = findBlame(problem, course.x);

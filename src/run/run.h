@@ -4,6 +4,7 @@
 #ifndef NORDIKA_RUN_RUN_H
 #define NORDIKA_RUN_RUN_H
 
+#include <exception>
 #include <functional>
 #include <limits>
 #include <optional>
@@ -23,12 +24,19 @@ struct Failure {
   std::optional<Blame> blame;  ///< nothing where no single text is to blame
 };
 
+/// Thrown below attempt() by what knows the text to blame for an exception.
+struct BlamedFault {
+  std::exception_ptr cause;  ///< the exception
+  Blame blame;               ///< the text
+};
+
 /// How far a run has come.
 struct Course {
   std::vector<double> x;  ///< the approximation, of length n
   double estimate = 0;    ///< of the last iteration; 0 before the first
   double smallest = std::numeric_limits<double>::infinity();  ///< of all estimates
-  int smallestAt = 0;  ///< the first iteration with that estimate; 0 before the first
+  int smallestAt = 0;    ///< the first iteration with that estimate; 0 before the first
+  double sizeThere = 0;  ///< the norm of the approximation of that iteration
 };
 
 /// How a run ended.
