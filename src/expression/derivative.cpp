@@ -82,8 +82,11 @@ struct ArithmeticOfRules {
 
   Term operand(const Token& t) const {
     if (t.type == Expression::number) return Algebra::number(numberValue(t.text));
-    const Differential& operand = t.text.back() == 'u' ? u : v;
-    return t.text.front() == 'd' ? operand.derivative : operand.value;
+    if (t.text == "u") return u.value;
+    if (t.text == "v") return v.value;
+    if (t.text == "du") return u.derivative;
+    if (t.text == "dv") return v.derivative;
+    return algebra.name(t.text);  // a constant
   }
   static Term negated(const Term& term) { return Algebra::negated(term); }
   Term combined(const Operator& op, const Term& left, const Term& right) const {
