@@ -142,6 +142,8 @@ TEST(Tridiagonal, TracesTheSweep) {
   EXPECT_LT(norm(x - solution), kDirectTolerance);
   solve(matrixOf({{1, 0}, {7, 10}}), {1, 10});
   EXPECT_EQ(x, Vector({1, 0.3}));
+  solve(matrixOf({{1, 1}, {1, 1}}), {1, 2});
+  EXPECT_EQ(x, Vector({-kInfinity, kInfinity}));
   Matrix corner = getIdentityMatrix(3);
   corner[2][0] = 1e-300;
   EXPECT_EQ(captureTrace([&] {
@@ -159,7 +161,9 @@ TEST(IterativeSolvers, TraceEveryIteration) {
   EXPECT_EQ(captureTrace([&] { solveSimpleIterations(a, b, 1e-2, iters); }),
             golden("linear_simple_iterations_two.txt"));
   EXPECT_EQ(captureTrace([&] { solveSiedel(a, b, 1e-2, iters); }), golden("seidel_two.txt"));
-  EXPECT_THROW(solveSiedel(a, {1}, 1, iters), MatrixWrongDimensions);
+  for (const auto solve : {solveSimpleIterations, solveSiedel})
+    EXPECT_EQ(captureTrace([&] { EXPECT_THROW(solve(a, {1}, 1, iters), MatrixWrongDimensions); }),
+              "");
 }
 
 TEST(IterativeSolvers, StopWithinTheAccuracy) {
@@ -178,6 +182,7 @@ TEST(IterativeSolvers, StopWithinTheAccuracy) {
       // q = 1.5: the estimate is the change, 1.5 in the first iteration.
       {matrixOf({{1, 0}, {1.5, 1}}), {1, 3.5}, {1, 2}, 2, 1, 1},
       {matrixOf({{1, 0}, {1.5, 1}}), {1, 3.5}, {1, 2}, 1.5, 2, 2},
+      {matrixOf({{1, 0}, {1, 1}}), {1, 2}, {1, 1}, 0.5, 2, 2},  // q = 1
       // (1/49)·49 is not 1, and what remains takes part.
       {matrixOf({{49}}), {1}, {1.0 / 49}, 1e-17, 2, 2},
   };

@@ -14,9 +14,9 @@
 #include <vector>
 
 #include "nordika/solver.h"
+#include "outcome.h"
 
 using Vector = std::vector<double>;
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
 inline Matrix matrixOf(const std::vector<Vector>& rows) {
   Matrix a(static_cast<int>(rows.size()));

@@ -89,15 +89,19 @@ TEST(Matrix, RefusesARowThatIsTooShort) {
       [&](Matrix& a) { QRdecomposition(a, Q, R); },
       [&](Matrix& a) { getEigenvaluesWithQR(a, 1, roots, count); },
       [&](Matrix& a) { getEigenvaluesWithJacobi(a, 1, values, Q, count); }};
+  std::string begun;  // the first words of their traces
   for (const auto& operation : operations) {
     const auto row = &operation - operations;
     for (const int i : {0, 1}) {
       Matrix a = whole;
       a[i] = {1};
-      captureTrace([&] { EXPECT_THROW(operation(a), MatrixWrongDimensions) << row; });
+      const std::string trace =
+          captureTrace([&] { EXPECT_THROW(operation(a), MatrixWrongDimensions) << row; });
+      begun += trace.substr(0, trace.find(' '));
       EXPECT_EQ(a[1 - i], whole[1 - i]);
     }
   }
+  EXPECT_EQ(begun, "LUPLUPTridiagonalTridiagonalQRQRJacobiJacobi");
   EXPECT_EQ(printed(L), printed(whole));
 }
 
@@ -170,6 +174,11 @@ TEST(Matrix, SumsInIndexOrder) {
         product(i, j) = dotProduct(a[i], b.transposed()[j]);
     }
     EXPECT_EQ(printed(a * b), printed(product));
+    for (int i = 0; i < n; ++i) {
+      a[i].resize(static_cast<std::size_t>(n + 9), kNan);
+      b[i].resize(static_cast<std::size_t>(n + 9), kNan);
+    }
+    EXPECT_EQ(printed(a * b), printed(product));
   }
 }
 
@@ -198,6 +207,7 @@ TEST(Matrix, ReadsOnlyItsColumnsOfARowThatIsLonger) {
   EXPECT_EQ(U[0].size() + U[1].size(), 4);
   EXPECT_EQ(captureTrace([&] { EXPECT_EQ(solveWithLUP(a, {1, 2}), Vector({-1, 1})); }), trace);
   EXPECT_EQ(norm(a), largest);
+  EXPECT_EQ(a * Vector({1, 1}), Vector({1, 6}));
   a.swapRows(0, 1);
   EXPECT_EQ(printed((a + Matrix(2)) + (a - Matrix(2)) - a * 1.0), "2 4 \n0 1 \n");
 }

@@ -18,13 +18,12 @@
 #include "number/fixed_decimals.h"
 #include "number/read_number.h"
 #include "number/six_digits.h"
+#include "outcome.h"
 
 namespace {
 
 using nordika::detail::extractNumber;
 using nordika::detail::roundToSixDigits;
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 template <typename... Numbers>
 std::string printed(const char* format, Numbers... numbers) {
@@ -49,8 +48,7 @@ std::string fixedDecimals(double x, int width, int decimals) {
 std::vector<double> tellingValues() {
   std::mt19937_64 random(static_cast<unsigned>(testing::UnitTest::GetInstance()->random_seed()));
   using Limits = std::numeric_limits<double>;
-  std::vector<double> values = {
-      0, 4.9e-324, Limits::min(), Limits::max(), kInfinity, std::abs(Limits::quiet_NaN())};
+  std::vector<double> values = {0, 4.9e-324, Limits::min(), Limits::max(), kInfinity, kNan};
   const auto addWithNeighbours = [&values](double x) {
     values.insert(values.end(), {x, std::nextafter(x, 0), std::nextafter(x, kInfinity)});
   };

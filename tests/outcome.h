@@ -9,12 +9,16 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <limits>
 #include <sstream>
 #include <string>
 #include <unistd.h>
 #include <vector>
 
 #include "nordika/solver.h"
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
 /// How an action ends: with its result, all digits of it, or in which exception.
 template <typename Action>

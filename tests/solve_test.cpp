@@ -8,6 +8,7 @@
 #include <fstream>
 #include <gmock/gmock.h>
 #include <iterator>
+#include <sstream>
 #include <string>
 #include <sys/wait.h>
 #include <vector>
@@ -111,6 +112,16 @@ TEST_F(SolveTest, TellsOfFailures) {
 
 TEST_F(SolveTest, RefusesWrongUsage) {
   check("usage.txt");
+}
+
+TEST_F(SolveTest, HasOneVersion) {
+  std::ostringstream version;
+  version << NORDIKA_VERSION_MAJOR << '.' << NORDIKA_VERSION_MINOR << '.' << NORDIKA_VERSION_PATCH;
+  EXPECT_EQ(version.str(), NORDIKA_VERSION);
+}
+
+TEST_F(SolveTest, DoesWhatTheDocumentsSay) {
+  check("documents.txt");
 }
 
 TEST_F(SolveTest, PlotsLogs) {

@@ -96,7 +96,7 @@ TEST(Solvers, StepAsTheirPartsDo) {
   EXPECT_EQ(bySimpleIterations.x, y);
 }
 
-struct Row {
+struct Ending {
   Solved run;
   std::string end;
   int iters;
@@ -104,7 +104,7 @@ struct Row {
 };
 
 // Of a step that fails, the trace has the first line and nothing more.
-void check(const std::vector<Row>& rows) {
+void check(const std::vector<Ending>& rows) {
   for (const auto& [run, end, iters, lastStep] : rows) {
     EXPECT_EQ(run.end, end);
     EXPECT_EQ(run.iters, iters);
@@ -138,6 +138,7 @@ TEST(Newton, EndsAsItsMatrixAndEstimateDemand) {
       {solved(line, 0.1), "success", 1, "1\n" + factors + "Epsilon: 0.1\nx = (1)\n\n"},
       {solved(line, 0), "limit", -1, "100000\n" + factors + "Epsilon: 0\nx = (1)\n\n"},
       {solved(uneven, 1), "dimensions", -1, "1\n"},
+      {solved(newton({"x1+y", "x2"}, {1, 1}, {{"1", "0"}, {"0"}}), 1), "unknown y", -1, "1\n"},
       {solved(newton({"x1^2-1"}, {0}, {{"2*x1"}}), 1), "singular", -1,
        "1\nLUP decomposition start.\n"},
       {solved(newton({"1e305"}, {1}, {{"1e-8"}}), 1), "bad result", -1, "2\n"},

@@ -155,6 +155,12 @@ void prepare() {
   });
 }
 
+void setResources(Display* display, const std::string& resources) {
+  XChangeProperty(display, DefaultRootWindow(display), XA_RESOURCE_MANAGER, XA_STRING, 8,
+                  PropModeReplace, reinterpret_cast<const unsigned char*>(resources.data()),
+                  static_cast<int>(resources.size()));
+}
+
 int start() {
   const QTemporaryDir directory;
   QDir::setCurrent(directory.path());
@@ -166,11 +172,8 @@ int start() {
   setenv("FONTCONFIG_FILE", qPrintable(directory.filePath("fonts.conf")), 1);
   std::ofstream("resources") << "Xft.dpi: 192\n";  // not to be read
   setenv("XENVIRONMENT", "resources", 1);
-  const std::string resources = std::string("Xft.dpi:\t") + environment->resolution + "\n";
   Display* const display = XOpenDisplay(nullptr);
-  XChangeProperty(display, DefaultRootWindow(display), XA_RESOURCE_MANAGER, XA_STRING, 8,
-                  PropModeReplace, reinterpret_cast<const unsigned char*>(resources.data()),
-                  static_cast<int>(resources.size()));
+  setResources(display, std::string("Xft.dpi:\t") + environment->resolution + "\n");
   XCloseDisplay(display);
   report = dup(STDERR_FILENO);
   for (int file = 0; file <= STDERR_FILENO; ++file)
@@ -189,25 +192,33 @@ TEST(StartTest, TheScaleFollowsTheResolutionAndTheRoom) {
 }
 
 TEST(StartTest, TheScaleIsChosenUnlessTheUserHasChosenIt) {
-  const char* const rows[][2] = {{"QT_ENABLE_HIGHDPI_SCALING", "1"},
-                                 {"QT_SCALE_FACTOR_ROUNDING_POLICY", "PassThrough"},
-                                 {"QT_FONT_DPI", "96"},
-                                 {"QT_SCALE_FACTOR", "1"}};
-  const auto forget = [&rows] {
-    for (const auto& row : rows)
-      unsetenv(row[0]);
-  };
-  for (const auto& [name, chosen] : rows) {
-    forget();
-    setenv(name, "user's", 1);
+  Display* const display = XOpenDisplay(nullptr);
+  setResources(display, "Xft.dpi: 144\n");
+  const Atom name = XInternAtom(display, "_NET_WORKAREA", False);
+  const long area[] = {0, 30, 1900, 1000};  // left, top, width, height
+  XChangeProperty(display, DefaultRootWindow(display), name, XA_CARDINAL, 32, PropModeReplace,
+                  reinterpret_cast<const unsigned char*>(area), 4);
+  XSync(display, False);
+  const std::array<const char*, 5> names = {"QT_ENABLE_HIGHDPI_SCALING",
+                                            "QT_SCALE_FACTOR_ROUNDING_POLICY", "QT_FONT_DPI",
+                                            "QT_SCREEN_SCALE_FACTORS", "QT_SCALE_FACTOR"};
+  // Nothing that the user has chosen, and one of the variables.
+  for (std::size_t chosen = 0; chosen <= names.size(); ++chosen) {
+    std::array<std::string, 5> expected = {"1", "PassThrough", "144", "unset", "unset"};
+    if (chosen == names.size()) expected = {"1", "PassThrough", "96", "unset", "1.4"};
+    for (const char* each : names)
+      unsetenv(each);
+    if (chosen < names.size()) setenv(names[chosen], (expected[chosen] = "user's").c_str(), 1);
     nordika::followChosenResolution();
-    EXPECT_STREQ(getenv(name), "user's");
-    EXPECT_EQ(getenv("QT_SCALE_FACTOR") != nullptr, name == rows[3][0]);
-    forget();
-    nordika::followChosenResolution();
-    EXPECT_STREQ(getenv(name), chosen);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      const char* const value = getenv(names[i]);
+      EXPECT_EQ(value != nullptr ? value : "unset", expected[i]) << names[i] << " " << chosen;
+    }
   }
-  forget();
+  for (const char* each : names)
+    unsetenv(each);
+  XDeleteProperty(display, DefaultRootWindow(display), name);
+  XCloseDisplay(display);
 }
 
 TEST(StartDeathTest, TheWindowIsWholeInEveryEnvironment) {

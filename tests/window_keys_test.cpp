@@ -20,9 +20,11 @@ class KeysTest : public WindowTest {
         {"c", Qt::Key_C},           {"v", Qt::Key_V},          {"f1", Qt::Key_F1},
         {"f2", Qt::Key_F2},         {"space", Qt::Key_Space}};
     for (const QString& word : words.split(' ')) {
-      const auto held = word.startsWith("ctrl-") ? Qt::ControlModifier : Qt::NoModifier;
-      if (keys.contains(word.section("ctrl-", -1))) {
-        QTest::keyClick(QApplication::focusWidget(), keys[word.section("ctrl-", -1)], held);
+      const auto held = word.startsWith("ctrl-")  ? Qt::ControlModifier
+                        : word.startsWith("pad-") ? Qt::KeypadModifier
+                                                  : Qt::NoModifier;
+      if (keys.contains(word.section('-', -1)) && word != "-") {
+        QTest::keyClick(QApplication::focusWidget(), keys[word.section('-', -1)], held);
       } else {
         for (const QChar letter : word)
           QTest::keyClicks(QApplication::focusWidget(), letter);
@@ -51,7 +53,10 @@ TEST_F(KeysTest, TheExampleOfTheGuideNeedsNoMouse) {
   EXPECT_EQ(focus(), "0 0");
   press("2 tab sin(x2) tab -cos(x1) tab 2 tab");
   EXPECT_EQ(focus(), "init_x_1");
-  press("tab tab tab space tab");
+  press("tab tab tab space");
+  // The result was said of the button.
+  EXPECT_EQ(child("calcButton")->accessibleDescription(), "");
+  press("tab");
   EXPECT_EQ(focus(), "clearButton");
   EXPECT_EQ(results(), "0.456466;0.420389;;;4");
 }
@@ -85,6 +90,8 @@ TEST_F(KeysTest, CtrlEnterCalculatesWhatIsTypedAndF1Helps) {
   grid()->setFocus();
   press("f2 2 f1");
   EXPECT_EQ(seen.title, "Справка");
+  for (const auto* shortcut : window->findChildren<QShortcut*>())
+    EXPECT_FALSE(shortcut->autoRepeat());
   // The text of the cell goes on.
   press("3 ctrl-enter");
   EXPECT_EQ(grid()->item(0, 0)->text(), "23");
@@ -97,11 +104,14 @@ TEST_F(KeysTest, BlocksOfCellsAreCopiedPastedAndEmptied) {
     for (const int sign : {0, 2, 4})
       text.replace(signs[sign + 1], signs[sign]);
     QApplication::clipboard()->setText(keys == "ctrl-c" ? "other" : text);
-    enter(true, 3, "", "1;2;3;4;5;6;7;8;9");
+    enter(true, 3, "", "1;2;3;4;5;6;7;8;9\t9");
     grid()->setFocus();
     const auto at = [&place = selected](std::size_t i) { return place[2 * i] - '0'; };
     grid()->setCurrentCell(at(0), at(1));
-    grid()->setRangeSelected({at(0), at(1), at(2), at(3)}, true);
+    for (std::size_t i = 0; 2 * i < selected.size(); i += 4)
+      grid()->setRangeSelected({std::min(at(i), at(i + 2)), std::min(at(i + 1), at(i + 3)),
+                                std::max(at(i), at(i + 2)), std::max(at(i + 1), at(i + 3))},
+                               true);
     press(keys.c_str());
     EXPECT_EQ(QApplication::clipboard()->text(), text) << keys;
     QStringList left;
@@ -134,6 +144,20 @@ TEST_F(KeysTest, ADoubleOrTripleClickSelectsANumberWhole) {
     EXPECT_EQ(edit->selectedText(), edit->text()) << name;
     QTest::mouseClick(edit, Qt::LeftButton, Qt::KeyboardModifiers(), inside);
     EXPECT_EQ(edit->selectedText(), edit->text()) << name;
+    const auto send = [edit](QEvent::Type type, int x) {
+      const QPointF at(x, 9);
+      QMouseEvent event(type, at, edit->mapToGlobal(at.toPoint()), Qt::LeftButton, Qt::LeftButton,
+                        Qt::NoModifier);
+      QCoreApplication::sendEvent(edit, &event);
+    };
+    // A hand that trembles, then one that selects a part.
+    send(QEvent::MouseButtonDblClick, edit->width() - 4);
+    send(QEvent::MouseMove, 4);
+    EXPECT_EQ(edit->selectedText(), edit->text()) << name;
+    send(QEvent::MouseButtonRelease, 4);
+    send(QEvent::MouseButtonPress, 1);
+    send(QEvent::MouseMove, edit->width() - 4);
+    EXPECT_NE(edit->selectedText(), "") << name;
   }
 }
 

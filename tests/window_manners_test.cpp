@@ -6,6 +6,8 @@
 
 // After the headers of Qt, which its macros would break.
 #include <X11/Xlib.h>
+#undef KeyPress
+#undef KeyRelease
 
 namespace {
 
@@ -33,6 +35,16 @@ TEST_F(WindowTest, ACloseRequestDuringARunIsHonouredAfterItsBox) {
     if (!states.empty()) return;
     states = state() + ", ";
     requestClose(*window);
+    // Input of a user who is in a hurry.
+    auto* n = child<QSpinBox>("n");
+    const QPointF up(n->width() - 5, 5);
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+      QCoreApplication::postEvent(
+          n, new QMouseEvent(type, up, n->mapToGlobal(up.toPoint()), Qt::LeftButton, Qt::LeftButton,
+                             Qt::NoModifier));
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
+      QCoreApplication::postEvent(child("eq_1"),
+                                  new QKeyEvent(type, Qt::Key_X, Qt::NoModifier, "x"));
   });
   poll.stop();
   QTimer dismiss;
@@ -46,6 +58,8 @@ TEST_F(WindowTest, ACloseRequestDuringARunIsHonouredAfterItsBox) {
   dismiss.start(0);
   run("Simple", "1-x1");
   EXPECT_EQ(states + state(), "waits open, open, closed");
+  EXPECT_EQ(child("eq_1")->property("text").toString() + child("n")->property("text").toString(),
+            "1-x11");
 }
 
 TEST_F(WindowTest, ACloseRequestIsHonouredAfterASuccessfulRun) {

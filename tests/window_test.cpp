@@ -36,12 +36,25 @@ TEST_F(WindowTest, EverySlotIsConnectedByItsName) {
 TEST_F(WindowTest, TheFormIsAsItsUsersKnowIt) {
   const QString properties =
       "objectName accessibleName accessibleDescription x y width height text toolTip minimum "
-      "maximum singleStep readOnly";
+      "maximum singleStep decimals wordWrap focusPolicy frameShape frameShadow readOnly";
   QString form = window->windowTitle() + '\n';
   const QRegularExpression names("^(?!qt_).");
-  for (const QWidget* widget : window->findChildren<QWidget*>(names))
-    for (const QString& name : properties.split(' '))
-      form += widget->property(qPrintable(name)).toString() + (name == "readOnly" ? '\n' : '|');
+  for (const QWidget* widget : window->findChildren<QWidget*>(names)) {
+    for (const QString& name : properties.split(' ')) {
+      const QVariant value = widget->property(qPrintable(name));
+      const bool isChoice = name.startsWith("f") && value.isValid();
+      form += (isChoice ? QString::number(value.toInt()) : value.toString()) + '|';
+    }
+    const QFont& font = widget->font();
+    form += QString("%1 %2\n").arg(font.pointSize()).arg(font.bold() ? "bold" : "");
+  }
+  const QWidget* focus = window.get();
+  do {
+    focus = focus->nextInFocusChain();
+    if (names.match(focus->objectName()).hasMatch()) form += focus->objectName() + ' ';
+  } while (focus != window.get());
+  EXPECT_EQ(window->minimumSize(), QSize(820, 640));
+  EXPECT_EQ(window->maximumSize(), QSize(820, 640));
   form.replace(QDir::current().filePath(logName()), "the run log");
   EXPECT_EQ(form.toStdString(), golden("form.txt"));
 }
@@ -164,6 +177,10 @@ TEST_F(WindowTest, TheWholeGridIsSeenWithoutScrollBarsInEveryStyle) {
     QApplication::setStyle(style);
     open();
     enter(true, 4, "");
+    EXPECT_EQ(grid()->frameWidth(), 1) << style;
+    EXPECT_EQ(grid()->frameShape() == QFrame::Box, style == std::string("windows"));
+    for (const auto* box : window->findChildren<QAbstractSpinBox*>())
+      EXPECT_EQ(box->findChild<QLineEdit*>()->textMargins(), QMargins()) << style;
     for (const char* button : {"checkNewton", "clearButton"}) {
       click(button);
       QCoreApplication::processEvents();

@@ -10,9 +10,9 @@ namespace nordika {
 
 namespace {
 
-class Filter : public QObject {
+class DoubleClickFilter : public QObject {
  public:
-  explicit Filter(QLineEdit& line) : QObject(&line), edit(line) {}
+  explicit DoubleClickFilter(QLineEdit& line) : QObject(&line), edit(line) {}
 
   bool eventFilter(QObject* /*object*/, QEvent* event) override {
     if (event->type() == QEvent::MouseButtonRelease) held = false;
@@ -35,7 +35,7 @@ class Filter : public QObject {
 }  // namespace
 
 void selectAllByDoubleClick(QLineEdit& edit) {
-  edit.installEventFilter(new Filter(edit));
+  edit.installEventFilter(new DoubleClickFilter(edit));
 }
 
 }  // namespace nordika

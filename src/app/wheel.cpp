@@ -10,7 +10,7 @@ namespace nordika {
 
 namespace {
 
-class Filter : public QObject {
+class WheelFilter : public QObject {
  public:
   using QObject::QObject;
 
@@ -25,7 +25,7 @@ class Filter : public QObject {
 
 void turnOnlyWithFocus(QAbstractSpinBox& box) {
   box.setFocusPolicy(Qt::StrongFocus);
-  box.installEventFilter(new Filter(&box));
+  box.installEventFilter(new WheelFilter(&box));
 }
 
 }  // namespace nordika

@@ -98,3 +98,26 @@ faults() {
   done
   return $status
 }
+
+# The numbers in these lines, as the program writes them; "−" is a minus sign, too.
+numbers() { sed 's/−/-/g; s/\\//g' | grep -oP '(?<![\w^.-])-?[0-9]+(\.[0-9]+)?(e-?[0-9]+)?' | awk '{ printf "%s ", $1 + 0 } END { print "" }'; }
+
+# The numbers of each page of the window in its first line that has the pattern: a field
+# of the form, its limits in both manual pages and in the guide.
+limits() { (
+  cd "$examples/.."
+  grep -A 60 "name=\"$1\"" src/app/widget.ui | grep -A 1 'name="m..imum"' | grep '<[nd][uo]' | head -n 2 | numbers
+  for place in "packaging/man/nordika.1.in:$2" "packaging/man/ru/nordika.1.in:$3" "README.ru.md:$4"; do
+    grep -m 1 -e "${place#*:}" "${place%%:*}" | cut -d '|' -f 1,5 | numbers
+  done
+) | sort | uniq -c | tr -s ' '; }
+
+# The default of an option: in its help, both manual pages and the guide.
+default() { (
+  solve --help | xargs | grep -oP -e "$1 NUMBER [^[]*\[\K[^]]*" | numbers
+  cd "$examples/../packaging/man"
+  for page in nordika-solve.1.in ru/nordika-solve.1.in; do
+    sed 's/\\//g' $page | sed -n "/^\.BI $1 /,/^\.TP/p" | grep 'default is\|Если не зад' | numbers
+  done
+  grep -e "^| .$1 " ../../README.ru.md | cut -d '|' -f 4 | numbers
+) | sort | uniq -c | tr -s ' '; }
