@@ -7,7 +7,10 @@ namespace {
 
 class KeysTest : public WindowTest {
  protected:
-  KeysTest() {
+  KeysTest() { activate(); }
+
+  // There is no window manager to do it.
+  void activate() const {
     window->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
   }
@@ -88,7 +91,9 @@ TEST_F(KeysTest, CtrlEnterCalculatesWhatIsTypedAndF1Helps) {
   }
   EXPECT_EQ(shown, "7;;;;2 0.00001; 78;;;;2 0.00001; 78;;;;22 0.00001; 78;;;;22 0.00001; ");
   grid()->setFocus();
+  takesFocus = true;
   press("f2 2 f1");
+  activate();
   EXPECT_EQ(seen.title, "Справка");
   for (const auto* shortcut : window->findChildren<QShortcut*>())
     EXPECT_FALSE(shortcut->autoRepeat());

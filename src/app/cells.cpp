@@ -59,7 +59,6 @@ void Cells::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& ind
   const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, option, &table) + 1;
   option->font =
       narrowed(option->font, option->text, option->rect.width() - 2 * margin - 1, kLeastStretch);
-  option->fontMetrics = QFontMetrics(option->font);
 }
 
 bool Cells::leaves(const QKeyEvent& key) const {

@@ -100,7 +100,7 @@ faults() {
 }
 
 # The numbers in these lines, as the program writes them; "−" is a minus sign, too.
-numbers() { sed 's/−/-/g; s/\\//g' | grep -oP '(?<![\w^.-])-?[0-9]+(\.[0-9]+)?(e-?[0-9]+)?' | awk '{ printf "%s ", $1 + 0 } END { print "" }'; }
+numbers() { sed 's/−/-/g; s/\\//g' | grep -oP '(?<![\w^.-])-?[0-9]+(\.[0-9]+)?(e-?[0-9]+)?' | LC_ALL=C awk '{ printf "%s ", $1 + 0 } END { print "" }'; }
 
 # The numbers of each page of the window in its first line that has the pattern: a field
 # of the form, its limits in both manual pages and in the guide.
