@@ -200,6 +200,29 @@ TEST_F(WindowTest, KnownSystemsAreSolved) {
   }
 }
 
+TEST_F(WindowTest, WhatIsTypedIsReadByIndex) {
+  enter(true, 2, "x1+a;x2-a", "1;;x1*4");
+  child<QDoubleSpinBox>("a")->setValue(0.25);
+  child<QDoubleSpinBox>("init_x_4")->setValue(7);
+  EXPECT_EQ(window->parseFunction(2)({0, 1}), 0.75);
+  EXPECT_EQ(window->parseFunction(1)({1}), 1.25);
+  EXPECT_EQ(window->parseInitX(4), 7);
+  EXPECT_EQ(window->parseJacobiMatrixElement(1, 0)({1}), 4);
+  const auto thrown = [](const auto& read) {
+    try {
+      read();
+    } catch (int code) {
+      return code;
+    }
+    return 0;
+  };
+  for (const int i : {0, 5}) {
+    EXPECT_EQ(thrown([&] { window->parseFunction(i); }), 42);
+    EXPECT_EQ(thrown([&] { window->parseInitX(i); }), 42);
+    EXPECT_EQ(thrown([&] { window->parseJacobiMatrixElement(i, 1); }), i == 0 ? 0 : 42);
+  }
+}
+
 // The toolkit or a plug-in of it may set another locale at any time.
 TEST_F(WindowTest, TheParameterHasAPointInEveryLocale) {
   EXPECT_STREQ(setlocale(LC_ALL, nullptr), "C");

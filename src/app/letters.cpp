@@ -44,9 +44,7 @@ void setMargins(QWidget& widget) {
 
 QRect editField(const QWidget& box) {
   auto option = optionFor<QStyleOptionSpinBox>(box);
-  const auto& spinBox = static_cast<const QAbstractSpinBox&>(box);
   option.frame = true;
-  option.buttonSymbols = spinBox.buttonSymbols();
   return box.style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxEditField,
                                      &box);
 }
