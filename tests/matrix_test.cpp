@@ -175,8 +175,8 @@ TEST(Matrix, SumsInIndexOrder) {
     }
     EXPECT_EQ(printed(a * b), printed(product));
     for (int i = 0; i < n; ++i) {
-      a[i].resize(static_cast<std::size_t>(n + 9), kNan);
-      b[i].resize(static_cast<std::size_t>(n + 9), kNan);
+      for (Matrix* const factor : {&a, &b})
+        (*factor)[i].insert((*factor)[i].end(), 9, kNan);
     }
     EXPECT_EQ(printed(a * b), printed(product));
   }
