@@ -6,7 +6,6 @@
 #include <complex>
 #include <functional>
 #include <gtest/gtest.h>
-#include <limits>
 #include <numbers>
 #include <string>
 #include <vector>
@@ -79,31 +78,29 @@ TEST(QR, KeepsWhatItTransforms) {
 }
 
 TEST(Eigenvalues, AgreeWithPublishedOnes) {
-  const Matrix pairs = matrixOf(
-      {{0, -3, 0, 0, 0}, {3, 0, 0, 0, 0}, {1, 1, 1, 0, 0}, {0, 0, 0, 0, -1}, {0, 0, 0, 1, 0}});
+  const Matrix pairs = {
+      {0, -3, 0, 0, 0}, {3, 0, 0, 0, 0}, {1, 1, 1, 0, 0}, {0, 0, 0, 0, -1}, {0, 0, 0, 1, 0}};
+  const double root = std::sqrt(39) / 2;
   const struct {
     Matrix a;
     double eps;
     int iters;
     Roots roots;
   } rows[] = {
-      {matrixOf({{3, 0, 0}, {0, 2, 0}, {0, 0, 1}}), 1e-300, 2, {3, 2, 1}},
-      {matrixOf({{0, -1}, {1, 0}}), 1e-300, 2, {{0, 1}, {0, -1}}},
-      {matrixOf({{7}}), 1e-300, 2, {7}},
-      {matrixOf({{0, -9e153}, {9e153, 0}}), 1, 2, {{0, kInfinity}, {0, -kInfinity}}},
+      {Matrix{{3, 0, 0}, {0, 2, 0}, {0, 0, 1}}, 1e-300, 2, {3, 2, 1}},
+      {Matrix{{0, -1}, {1, 0}}, 1e-300, 2, {{0, 1}, {0, -1}}},
+      {Matrix{{7}}, 1e-300, 2, {7}},
+      {Matrix{{0, -9e153}, {9e153, 0}}, 1, 2, {{0, kInfinity}, {0, -kInfinity}}},
       // The second change of the pair is eps itself, by rounding.
-      {matrixOf({{-5, -5}, {2, -4}}),
-       0x1p-50,
-       5,
-       {{-4.5, std::sqrt(39) / 2}, {-4.5, -std::sqrt(39) / 2}}},
+      {Matrix{{-5, -5}, {2, -4}}, 0x1p-50, 5, {{-4.5, root}, {-4.5, -root}}},
       {pairs, 1e-9, 19, {{0, 3}, {0, -3}, 1, {0, 1}, {0, -1}}},
-      {matrixOf({{4, 0, 0}, {0, 2, 0}, {1, 0, 1}}), 1e-9, 15, {4, 2, 1}},
-      {matrixOf({{1, 1}, {1e-9, 2}}), 1e-8, 2, {1, 2}},
+      {Matrix{{4, 0, 0}, {0, 2, 0}, {1, 0, 1}}, 1e-9, 15, {4, 2, 1}},
+      {Matrix{{1, 1}, {1e-9, 2}}, 1e-8, 2, {1, 2}},
       // Companion matrix of (x - 4)(x - 2)(x - 1): an iteration halves what
       // stands below its roots.
-      {matrixOf({{7, -14, 8}, {1, 0, 0}, {0, 1, 0}}), 1e-9, 29, {4, 2, 1}},
+      {Matrix{{7, -14, 8}, {1, 0, 0}, {0, 1, 0}}, 1e-9, 29, {4, 2, 1}},
       // The second difference: Golub, Van Loan, Matrix Computations, section 4.8.
-      {matrixOf({{2, -1, 0}, {-1, 2, -1}, {0, -1, 2}}), 1e-9, 10, {2 + sqrt2, 2, 2 - sqrt2}},
+      {Matrix{{2, -1, 0}, {-1, 2, -1}, {0, -1, 2}}, 1e-9, 10, {2 + sqrt2, 2, 2 - sqrt2}},
   };
   for (const auto& row : rows) {
     Roots roots = {1, 2, 3, 4, 5};
@@ -178,7 +175,7 @@ TEST(Jacobi, GivesTheBitsOfWholeProducts) {
 TEST(Eigenvalues, TraceEveryIteration) {
   Roots roots;
   int iters = 0;
-  const Matrix a = matrixOf({{100, 1, -1}, {1, 0, -2}, {0, 1, 1}});
+  const Matrix a = {{100, 1, -1}, {1, 0, -2}, {0, 1, 1}};
   EXPECT_EQ(captureTrace([&] { getEigenvaluesWithQR(a, 1e-2, roots, iters); }),
             golden("qr_three.txt"));
   // No real roots; an estimate of -1; zeros of both signs.
@@ -189,12 +186,12 @@ TEST(Eigenvalues, TraceEveryIteration) {
   });
   EXPECT_EQ(blocks, golden("qr_blocks.txt"));
   Vector values;
-  Matrix V = matrixOf({{2, -0.0, 1, 0}, {0, 7, -0.0, -3}, {1, 0, 2, -0.0}, {-0.0, -3, 0, 7}});
+  Matrix V = {{2, -0.0, 1, 0}, {0, 7, -0.0, -3}, {1, 0, 2, -0.0}, {-0.0, -3, 0, 7}};
   EXPECT_EQ(captureTrace([&] { getEigenvaluesWithJacobi(Matrix(V), 1e-5, values, V, iters); }),
             golden("jacobi_four.txt"));
   EXPECT_LT(norm(values - Vector{3, 10, 1, 4}), kOrthogonalTolerance);
   // The eigenvectors may replace the matrix.
-  V = matrixOf({{2, 1}, {1, 2}});
+  V = Matrix{{2, 1}, {1, 2}};
   captureTrace([&] { getEigenvaluesWithJacobi(V, V(1, 0), values, V, iters); });
   EXPECT_LT(norm(values - Vector{3, 1}), kOrthogonalTolerance);
   NewtonProblem none;
@@ -212,9 +209,9 @@ TEST(Eigenvalues, TraceEveryIteration) {
 }
 
 TEST(LimitedMethods, GiveUpAfterTheTraceOfTheLastIteration) {
-  const Matrix a = matrixOf({{2, 1}, {1, 2}});
-  const Matrix ones = matrixOf({{1, 1}, {1, 1}});
-  const Matrix noDiagonal = matrixOf({{0, 2}, {2, 1}});
+  const Matrix a = {{2, 1}, {1, 2}};
+  const Matrix ones = {{1, 1}, {1, 1}};
+  const Matrix noDiagonal = {{0, 2}, {2, 1}};
   const Vector b = {1, 1};
   Vector values = {7};
   Roots roots = {7};

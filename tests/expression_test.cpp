@@ -3,10 +3,7 @@
 
 #include "nordika/expression.h"
 
-#include <algorithm>
-#include <cmath>
 #include <gtest/gtest.h>
-#include <limits>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -48,9 +45,8 @@ TEST(Expression, PutsTokensIntoPostfixOrder) {
       {"12345678", "1.23457e+07n "}};
   for (const auto& [text, end] : rows) {
     std::string postfix;
-    for (const auto& t : Expression(text).postfix) {
+    for (const auto& t : Expression(text).postfix)
       postfix += t.text + Expression::token_t_list[t.type][0] + " ";
-    }
     EXPECT_EQ(postfix, end) << text;
   }
 }
@@ -88,39 +84,30 @@ TEST(Expression, SplitsTextIntoTypedTokens) {
 
 // Also of sequences that no text gives.
 TEST(Expression, ChecksWhatMayFollowWhat) {
-  using E = Expression;
   const char* const texts[] = {"?", "(", ")", "+", "+", "+", "x", "1", "sin", "x", "x"};
-  const int types[] = {E::undefined,
-                       E::parenthesis,
-                       E::parenthesis,
-                       E::undefined_operator,
-                       E::binary_operator,
-                       E::unary_operator,
-                       E::variable,
-                       E::number,
-                       E::function,
-                       8,
-                       -1};
-  const auto kind = [&](std::size_t i) { return E::token{texts[i], types[i]}; };
+  const int types[] = {0, 1, 1, 2, 3, 4, 5, 6, 7, 8, -1};  // 0 to 7 are those of token_t
+  const auto kind = [&](std::size_t i) { return Expression::token{texts[i], types[i]}; };
   // A row for the first token, a column for the second one.
   const char* const allowed[] = {"00000000000", "01011111100", "0011..00000", "01000011100",
                                  "0..00011100", "0..00011100", "00111000000", "00111000000",
                                  "01000000000", "00000000000", "00000000000"};
-  const E::token open = kind(1), close = kind(2), x = kind(6);
+  const Expression::token open = kind(1), close = kind(2), x = kind(6);
   for (std::size_t i = 0; i < std::size(texts); ++i) {
     for (std::size_t j = 0; j < std::size(texts); ++j) {
-      const E::token first = kind(i), second = kind(j);
+      const Expression::token first = kind(i), second = kind(j);
       if (allowed[i][j] == '.') continue;
       Tokens tokens = {first, second};
-      if (second.type == E::function) tokens.push_back(open);
+      if (second.type == Expression::function) tokens.push_back(open);
       if (tokens.back().text == "(" || tokens.back().text == "+") tokens.push_back(x);
       if (first.text == ")") tokens.insert(tokens.begin(), {open, x});
       if (first.text != "(" && second.text == ")") tokens.insert(tokens.begin(), open);
-      auto depth =
-          std::count_if(tokens.begin(), tokens.end(), [](auto& t) { return t.text == "("; });
-      depth -= std::count_if(tokens.begin(), tokens.end(), [](auto& t) { return t.text == ")"; });
-      tokens.insert(tokens.end(), static_cast<std::size_t>(depth), close);
-      const std::string end = outcomeOf([&] { return E("0").check_expression(tokens), "allowed"; });
+      int depth = 0;
+      for (const auto& t : tokens)
+        depth += (t.text == "(" ? 1 : 0) - (t.text == ")" ? 1 : 0);
+      for (; depth > 0; --depth)
+        tokens.push_back(close);
+      const std::string end =
+          outcomeOf([&] { return Expression("0").check_expression(tokens), "allowed"; });
       EXPECT_EQ(end, allowed[i][j] == '1' ? "allowed" : "format") << i << " " << j;
     }
   }

@@ -7,7 +7,6 @@
 #include <cstdio>
 #include <functional>
 #include <gtest/gtest.h>
-#include <limits>
 #include <map>
 #include <random>
 #include <string>
@@ -84,6 +83,11 @@ TEST(Function, FollowsItsVariablesThroughEveryChange) {
   zero.variables = std::move(third.variables);
   EXPECT_THROW(third({1}), ExpressionUnknownVariable);
   EXPECT_EQ(zero.variables.at("c"), 3);
+  third = Function("c", "c = 3");
+  EXPECT_EQ(third({}), 3);
+  zero.variables = std::move(third.variables);
+  third.variables.clear();
+  EXPECT_THROW(third({}), ExpressionUnknownVariable);
   zero.variables.clear();
   third.variables = zero.variables;
   EXPECT_THROW(third({1}), ExpressionUnknownVariable);

@@ -14,22 +14,21 @@ namespace {
 
 TEST(LUP, KeepsItsOutputsAsTheyWereWhenItStops) {
   const Matrix unit = getIdentityMatrix(2);
-  const Matrix exchange = matrixOf({{0, 1}, {1, 0}});
+  const Matrix exchange = {{0, 1}, {1, 0}};
   const struct {
     Matrix a, L, U, P;
     int swaps;
     const char* end;
   } cases[] = {
       {exchange, unit, unit, exchange, 1, "regular"},
-      {matrixOf({{1, 2}, {2, 4}}), matrixOf({{1, 0}, {0.5, 1}}), matrixOf({{2, 4}, {0, 0}}),
-       exchange, 1, "singular"},
-      {matrixOf({{1e-9, 0}, {0, 1e-9}}), unit, matrixOf({{1e-9, 0}, {0, 1e-9}}), unit, 0,
+      {Matrix{{1, 2}, {2, 4}}, Matrix{{1, 0}, {0.5, 1}}, Matrix{{2, 4}, {0, 0}}, exchange, 1,
        "singular"},
-      {matrixOf({{1, 2}, {-1, 3}}), matrixOf({{1, 0}, {-1, 1}}), matrixOf({{1, 2}, {0, 5}}), unit,
-       0, "regular"},
-      {matrixOf({{1e-8, 0}, {0, 1}}), unit, matrixOf({{1e-8, 0}, {0, 1}}), unit, 0, "regular"},
-      {matrixOf({{kNan, 0}, {2, 1}}), matrixOf({{1, 0}, {kNan, 1}}),
-       matrixOf({{2, 1}, {kNan, kNan}}), exchange, 1, "singular"},
+      {Matrix{{1e-9, 0}, {0, 1e-9}}, unit, Matrix{{1e-9, 0}, {0, 1e-9}}, unit, 0, "singular"},
+      {Matrix{{1, 2}, {-1, 3}}, Matrix{{1, 0}, {-1, 1}}, Matrix{{1, 2}, {0, 5}}, unit, 0,
+       "regular"},
+      {Matrix{{1e-8, 0}, {0, 1}}, unit, Matrix{{1e-8, 0}, {0, 1}}, unit, 0, "regular"},
+      {Matrix{{kNan, 0}, {2, 1}}, Matrix{{1, 0}, {kNan, 1}}, Matrix{{2, 1}, {kNan, kNan}}, exchange,
+       1, "singular"},
       {Matrix(), Matrix(), Matrix(), Matrix(), 0, "regular"},
   };
   for (const auto& c : cases) {
@@ -94,7 +93,7 @@ TEST(LUP, FactorsRandomSystemsAsPlainEliminationAndSolvesThem) {
 }
 
 TEST(LUP, TracesFactorsAndTheirProduct) {
-  const Matrix a = matrixOf({{0.1, 2, -3}, {-7, 8, 1000}, {4, 5, 6}});
+  const Matrix a = {{0.1, 2, -3}, {-7, 8, 1000}, {4, 5, 6}};
   Vector x;
   EXPECT_EQ(captureTrace([&] { x = solveWithLUP(a, {-0.9, 1001, 15}); }), golden("lup_three.txt"));
   EXPECT_LT(norm(x - Vector{1, 1, 1}), kFactorTolerance);
@@ -110,18 +109,18 @@ constexpr double kDirectTolerance = 1e-11;
 TEST(Inverse, AgreesWithPublishedMatrices) {
   // Segment of the Hilbert matrix: M.-D. Choi, Tricks or treats with the Hilbert
   // matrix, Amer. Math. Monthly 90 (1983).
-  const Matrix hilbert =
-      matrixOf({{1, 1.0 / 2, 1.0 / 3}, {1.0 / 2, 1.0 / 3, 1.0 / 4}, {1.0 / 3, 1.0 / 4, 1.0 / 5}});
-  const Matrix inverse = matrixOf({{9, -36, 30}, {-36, 192, -180}, {30, -180, 180}});
+  const Matrix hilbert = {
+      {1, 1.0 / 2, 1.0 / 3}, {1.0 / 2, 1.0 / 3, 1.0 / 4}, {1.0 / 3, 1.0 / 4, 1.0 / 5}};
+  const Matrix inverse = {{9, -36, 30}, {-36, 192, -180}, {30, -180, 180}};
   EXPECT_NEAR(calcDeterminantWithLUP(hilbert), 1.0 / 2160, kDirectTolerance);
   EXPECT_LT(norm(calcInverseMatrixWithLUP(hilbert) - inverse), kDirectTolerance);
-  EXPECT_EQ(calcDeterminantWithLUP(matrixOf({{0, 1e300, 0}, {1e-7, 0, 0}, {0, 0, 1e10}})), -1e303);
-  const Matrix cycle = matrixOf({{0, 2, 0}, {0, 0, 2}, {2, 0, 0}});
+  EXPECT_EQ(calcDeterminantWithLUP(Matrix{{0, 1e300, 0}, {1e-7, 0, 0}, {0, 0, 1e10}}), -1e303);
+  const Matrix cycle = {{0, 2, 0}, {0, 0, 2}, {2, 0, 0}};
   EXPECT_EQ(calcDeterminantWithLUP(cycle), 8);
   EXPECT_EQ(printed(calcInverseMatrixWithLUP(cycle)), "0 0 0.5 \n0.5 0 0 \n0 0.5 0 \n");
   EXPECT_EQ(calcDeterminantWithLUP(calcInverseMatrixWithLUP(Matrix())), 1);
-  EXPECT_THROW(calcDeterminantWithLUP(matrixOf({{1, 2}, {2, 4}})), MatrixIsSingular);
-  EXPECT_THROW(calcInverseMatrixWithLUP(matrixOf({{1, 0}, {0, 9e-9}})), MatrixIsSingular);
+  EXPECT_THROW(calcDeterminantWithLUP(Matrix{{1, 2}, {2, 4}}), MatrixIsSingular);
+  EXPECT_THROW(calcInverseMatrixWithLUP(Matrix{{1, 0}, {0, 9e-9}}), MatrixIsSingular);
 }
 
 TEST(Tridiagonal, TracesTheSweep) {
@@ -131,18 +130,18 @@ TEST(Tridiagonal, TracesTheSweep) {
   const auto solve = [&x](const Matrix& a, const Vector& d) {
     return captureTrace([&] { x = solveTridiagonalMatrixAlgo(a, d); });
   };
-  EXPECT_EQ(solve(matrixOf({{2, 1, 0}, {1, 3, 1}, {0, 1, 2}}), {3, 5, 3}),
+  EXPECT_EQ(solve(Matrix{{2, 1, 0}, {1, 3, 1}, {0, 1, 2}}, {3, 5, 3}),
             golden("tridiagonal_three.txt"));
   EXPECT_LT(norm(x - Vector{1, 1, 1}), kDirectTolerance);
-  EXPECT_EQ(solve(matrixOf({{4}}), {-1}), start + "Q[1] = -0.25\n\nresult[1] = -0.25\n" + stop);
-  EXPECT_EQ(solve(matrixOf({{0}}), {-1}), start + "Q[1] = -inf\n\nresult[1] = -inf\n" + stop);
-  const Matrix band = matrixOf({{4, 1, 0, 0}, {2, 5, -1, 0}, {0, 3, 6, 2}, {0, 0, -2, 7}});
+  EXPECT_EQ(solve(Matrix{{4}}, {-1}), start + "Q[1] = -0.25\n\nresult[1] = -0.25\n" + stop);
+  EXPECT_EQ(solve(Matrix{{0}}, {-1}), start + "Q[1] = -inf\n\nresult[1] = -inf\n" + stop);
+  const Matrix band = {{4, 1, 0, 0}, {2, 5, -1, 0}, {0, 3, 6, 2}, {0, 0, -2, 7}};
   const Vector solution = {1, -2, 3, 4};
   solve(band, band * solution);
   EXPECT_LT(norm(x - solution), kDirectTolerance);
-  solve(matrixOf({{1, 0}, {7, 10}}), {1, 10});
+  solve(Matrix{{1, 0}, {7, 10}}, {1, 10});
   EXPECT_EQ(x, Vector({1, 0.3}));
-  solve(matrixOf({{1, 1}, {1, 1}}), {1, 2});
+  solve(Matrix{{1, 1}, {1, 1}}, {1, 2});
   EXPECT_EQ(x, Vector({-kInfinity, kInfinity}));
   Matrix corner = getIdentityMatrix(3);
   corner[2][0] = 1e-300;
@@ -155,7 +154,7 @@ TEST(Tridiagonal, TracesTheSweep) {
 }
 
 TEST(IterativeSolvers, TraceEveryIteration) {
-  const Matrix a = matrixOf({{4, 1}, {2, 5}});
+  const Matrix a = {{4, 1}, {2, 5}};
   const Vector b = {5, 7};
   int iters = 0;
   EXPECT_EQ(captureTrace([&] { solveSimpleIterations(a, b, 1e-2, iters); }),
@@ -168,23 +167,23 @@ TEST(IterativeSolvers, TraceEveryIteration) {
 
 TEST(IterativeSolvers, StopWithinTheAccuracy) {
   // R. L. Burden, J. D. Faires, Numerical Analysis, section 7.3, example 1.
-  const Matrix burden = matrixOf({{10, -1, 2, 0}, {-1, 11, -1, 3}, {2, -1, 10, -1}, {0, 3, -1, 8}});
+  const Matrix burden = {{10, -1, 2, 0}, {-1, 11, -1, 3}, {2, -1, 10, -1}, {0, 3, -1, 8}};
   const struct {
     Matrix a;
     Vector b, x;
     double eps;
     int simple, seidel;
   } rows[] = {
-      {matrixOf({{4, 1}, {2, 5}}), {5, 7}, {1, 1}, 1e-5, 13, 7},
-      {matrixOf({{4, 1}, {2, 5}}), {5, 7}, {1, 1}, 5.066666666667, 1, 1},
+      {Matrix{{4, 1}, {2, 5}}, {5, 7}, {1, 1}, 1e-5, 13, 7},
+      {Matrix{{4, 1}, {2, 5}}, {5, 7}, {1, 1}, 5.066666666667, 1, 1},
       {burden, {6, 25, -11, 15}, {1, 2, -1, 1}, 1e-8, 27, 11},
-      {matrixOf({{10}}), {0x3p20}, {0x3p20 * 0.1}, 1e-300, 1, 1},
+      {Matrix{{10}}, {0x3p20}, {0x3p20 * 0.1}, 1e-300, 1, 1},
       // q = 1.5: the estimate is the change, 1.5 in the first iteration.
-      {matrixOf({{1, 0}, {1.5, 1}}), {1, 3.5}, {1, 2}, 2, 1, 1},
-      {matrixOf({{1, 0}, {1.5, 1}}), {1, 3.5}, {1, 2}, 1.5, 2, 2},
-      {matrixOf({{1, 0}, {1, 1}}), {1, 2}, {1, 1}, 0.5, 2, 2},  // q = 1
+      {Matrix{{1, 0}, {1.5, 1}}, {1, 3.5}, {1, 2}, 2, 1, 1},
+      {Matrix{{1, 0}, {1.5, 1}}, {1, 3.5}, {1, 2}, 1.5, 2, 2},
+      {Matrix{{1, 0}, {1, 1}}, {1, 2}, {1, 1}, 0.5, 2, 2},  // q = 1
       // (1/49)·49 is not 1, and what remains takes part.
-      {matrixOf({{49}}), {1}, {1.0 / 49}, 1e-17, 2, 2},
+      {Matrix{{49}}, {1}, {1.0 / 49}, 1e-17, 2, 2},
   };
   for (const auto& row : rows) {
     for (const auto solve : {solveSimpleIterations, solveSiedel}) {

@@ -7,7 +7,6 @@
 #include <cmath>
 #include <complex>
 #include <functional>
-#include <limits>
 #include <random>
 #include <sstream>
 #include <string>
@@ -17,13 +16,6 @@
 #include "outcome.h"
 
 using Vector = std::vector<double>;
-
-inline Matrix matrixOf(const std::vector<Vector>& rows) {
-  Matrix a(static_cast<int>(rows.size()));
-  for (int i = 0; i < a.dimension(); ++i)
-    a[i] = rows.begin()[i];
-  return a;
-}
 
 /// All digits and signs of a matrix, with one text for every NaN.
 inline std::string printed(const Matrix& a) {
@@ -57,7 +49,7 @@ struct TracedMethod {
 
 /// Each method that writes a trace, with a small system.
 inline std::vector<TracedMethod> tracedMethods() {
-  const Matrix a = matrixOf({{4, 1}, {1, 3}});
+  const Matrix a = {{4, 1}, {1, 3}};
   const Vector b = {5, 4};
   return {
       {[](double eps, int& iters) {

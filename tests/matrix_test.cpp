@@ -17,7 +17,7 @@
 namespace {
 
 TEST(Matrix, ReportsMisuseByType) {
-  const Matrix a = matrixOf({{1, 2}, {3, 4}});
+  const Matrix a = {{1, 2}, {3, 4}};
   Matrix b = a;
   const Matrix one(1);
   const Vector three = {1, 2, 3};
@@ -106,7 +106,7 @@ TEST(Matrix, RefusesARowThatIsTooShort) {
 }
 
 TEST(Matrix, ComputesElementByElement) {
-  const Matrix a = matrixOf({{1, 2}, {3, 4}});
+  const Matrix a = {{1, 2}, {3, 4}};
   const Matrix b = {{0, -1}, {5, 0.5}};
   EXPECT_EQ(printed(Matrix{2}), "0 0 \n0 0 \n");
   EXPECT_EQ(printed(a * b), "10 0 \n20 -1 \n");
@@ -130,12 +130,12 @@ TEST(Matrix, ComputesElementByElement) {
 
 TEST(Matrix, MeasuresAndJudges) {
   EXPECT_EQ(norm2({3, norm(Vector{3, -4, kNan})}), 25);
-  EXPECT_EQ(norm(matrixOf({{1, -2, 0}, {3, 0, 0}, {kNan, 0, 0}})), 3);
-  EXPECT_EQ(off(matrixOf({{1, 5}, {2, 1}})), 2);
-  EXPECT_TRUE(matrixOf({{1, 1e-5}, {0, 1}}).isSymmetrical());
-  EXPECT_FALSE(matrixOf({{1, 20}, {20.00002, 1}}).isSymmetrical());
-  EXPECT_TRUE(matrixOf({{1, kNan}, {2, 1}}).isSymmetrical());
-  EXPECT_FALSE(matrixOf({{1, 0, 0}, {0, 1, 2}, {0, 3, 1}}).isSymmetrical());
+  EXPECT_EQ(norm(Matrix{{1, -2, 0}, {3, 0, 0}, {kNan, 0, 0}}), 3);
+  EXPECT_EQ(off(Matrix{{1, 5}, {2, 1}}), 2);
+  EXPECT_TRUE(Matrix({{1, 1e-5}, {0, 1}}).isSymmetrical());
+  EXPECT_FALSE(Matrix({{1, 20}, {20.00002, 1}}).isSymmetrical());
+  EXPECT_TRUE(Matrix({{1, kNan}, {2, 1}}).isSymmetrical());
+  EXPECT_FALSE(Matrix({{1, 0, 0}, {0, 1, 2}, {0, 3, 1}}).isSymmetrical());
   for (const double corner : {1e-300, kNan}) {
     Matrix a = getIdentityMatrix(3);
     EXPECT_TRUE(a.isTridiagonal());
@@ -152,7 +152,9 @@ TEST(Matrix, SumsInIndexOrder) {
   const Vector terms = {1e16, 1, -1e16, 1};
   const Vector ones(4, 1.0);
   EXPECT_EQ(dotProduct(terms, ones), 1);
-  EXPECT_EQ(matrixOf({terms, ones, ones, ones}) * ones, Vector({1, 4, 4, 4}));
+  Matrix rows = tensor_product(ones, ones);
+  rows[0] = terms;
+  EXPECT_EQ(rows * ones, Vector({1, 4, 4, 4}));
   EXPECT_EQ(norm2({1e8, 1, 1}), 1e16);
   EXPECT_EQ(off(Matrix{{0, 0, 0, 0}, {0, 0, 0, 0}, {1, 1, 0, 0}, {1e8, 0, 0, 0}}),
             std::sqrt(1e16 + 2));
@@ -196,7 +198,7 @@ TEST(Round, GoesThroughTheProductInDoubles) {
 }
 
 TEST(Matrix, ReadsOnlyItsColumnsOfARowThatIsLonger) {
-  Matrix a = matrixOf({{0, 1}, {2, 4}});
+  Matrix a = {{0, 1}, {2, 4}};
   const std::string trace = captureTrace([&] { solveWithLUP(a, {1, 2}); });
   const double largest = norm(a);
   a[0] = {0, 1, 100};

@@ -45,6 +45,11 @@ std::string outcomeOf(Action action) {
   }
 }
 
+inline std::string content(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
 /// Runs `action` with the standard error stream going to a file.
 /// @return what was in the file when the action ended, before anything else
 ///   could have flushed the stream
@@ -57,18 +62,14 @@ std::string captureTrace(Action action) {
   action();
   dup2(saved, fileno(stderr));
   close(saved);
-  std::string text;
-  std::rewind(file);
-  for (int c = std::getc(file); c != EOF; c = std::getc(file))
-    text += static_cast<char>(c);
+  const std::string text = content("/proc/self/fd/" + std::to_string(fileno(file)));
   std::fclose(file);
   return text;
 }
 
 /// The content of a file of tests/golden.
 inline std::string golden(const std::string& name) {
-  std::ifstream file(NORDIKA_GOLDEN_DIR "/" + name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+  return content(NORDIKA_GOLDEN_DIR "/" + name);
 }
 
 /// The rows of a table of tests/golden. Its cells are parted by " | ".

@@ -5,7 +5,6 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 
 #include "window_fixture.h"
 
@@ -41,11 +40,7 @@ class Soak : public WindowTest {
 };
 
 long residentKiB() {
-  std::ifstream statm("/proc/self/statm");
-  long total = 0;
-  long resident = 0;
-  statm >> total >> resident;
-  return resident * 4;
+  return 4 * QString::fromStdString(content("/proc/self/statm")).section(' ', 1, 1).toLong();
 }
 
 long descriptors() {

@@ -7,13 +7,13 @@
 #include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <sys/wait.h>
 #include <vector>
 
 #include "nordika/version.h"
+#include "outcome.h"
 
 namespace {
 
@@ -46,12 +46,7 @@ std::vector<Step> stepsOf(const std::string& name) {
   return steps;
 }
 
-std::string content(const std::string& name) {
-  std::ifstream file(name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
-class SolveTest : public ::testing::Test {
+class SolveTest : public ::testing::TestWithParam<std::string> {
  protected:
   SolveTest() {
     setenv("program", NORDIKA_SOLVE_PROGRAM, 1);
@@ -94,42 +89,19 @@ class SolveTest : public ::testing::Test {
   std::string directory;
 };
 
-TEST_F(SolveTest, PrintsSolutionsAndTraces) {
-  check("solutions.txt");
+TEST_P(SolveTest, DoesAsItsTranscriptSays) {
+  check(GetParam() + ".txt");
 }
 
-TEST_F(SolveTest, TakesItsWords) {
-  check("words.txt");
-}
+INSTANTIATE_TEST_SUITE_P(All, SolveTest,
+                         ::testing::Values("solutions", "words", "files", "failures", "usage",
+                                           "documents", "plot", "jacobian"),
+                         [](const auto& test) { return test.param; });
 
-TEST_F(SolveTest, ReadsProblemFiles) {
-  check("files.txt");
-}
-
-TEST_F(SolveTest, TellsOfFailures) {
-  check("failures.txt");
-}
-
-TEST_F(SolveTest, RefusesWrongUsage) {
-  check("usage.txt");
-}
-
-TEST_F(SolveTest, HasOneVersion) {
+TEST(Version, IsMadeOfItsNumbers) {
   std::ostringstream version;
   version << NORDIKA_VERSION_MAJOR << '.' << NORDIKA_VERSION_MINOR << '.' << NORDIKA_VERSION_PATCH;
   EXPECT_EQ(version.str(), NORDIKA_VERSION);
-}
-
-TEST_F(SolveTest, DoesWhatTheDocumentsSay) {
-  check("documents.txt");
-}
-
-TEST_F(SolveTest, PlotsLogs) {
-  check("plot.txt");
-}
-
-TEST_F(SolveTest, ChecksJacobiMatrices) {
-  check("jacobian.txt");
 }
 
 }  // namespace

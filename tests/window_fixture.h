@@ -119,10 +119,7 @@ class WindowTest : public ::testing::Test {
   QString logName() const {
     return QDir(directory.path()).entryList({"log-*.txt"}, QDir::Files).join('|');
   }
-  std::string log() const {
-    QFile file(directory.filePath(logName()));
-    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "no single log";
-  }
+  std::string log() const { return content(directory.filePath(logName()).toStdString()); }
 
   /// Presses a button that opens a message box; dismisses the box.
   Box boxOf(const std::string& button) {

@@ -10,10 +10,6 @@ using nordika::fitLetters;
 
 const char kText[] = "TjjTjjTjjT";  // hardly any blank at the ends
 
-QWidget* makeLabel(const QString& text) {
-  return new QLabel(text + "  ");
-}
-
 template <typename Kind>
 QWidget* make(const QString& text) {
   auto* widget = new Kind;
@@ -21,9 +17,14 @@ QWidget* make(const QString& text) {
   return widget;
 }
 
+QWidget* makeRichLabel(const QString& text) {
+  const QString lowered = "<span style=\"vertical-align:sub;\">" + text.mid(1, 1) + "</span>";
+  return make<QLabel>("<p>" + text.left(1) + lowered + text.mid(2) + "</p>");
+}
+
 QWidget* makeEditWithMargins(const QString& text) {
-  auto* edit = new QLineEdit(text);
-  edit->setTextMargins(5, 0, 7, 0);
+  QWidget* edit = make<QLineEdit>(text);
+  static_cast<QLineEdit*>(edit)->setTextMargins(5, 0, 7, 0);
   return edit;
 }
 
@@ -33,13 +34,8 @@ QWidget* makeBox(const QString& text) {
   return box;
 }
 
-QWidget* makeRichLabel(const QString& text) {
-  const QString lowered = "<span style=\"vertical-align:sub;\">" + text.mid(1, 1) + "</span>";
-  return new QLabel("<p>" + text.left(1) + lowered + text.mid(2) + "</p>");
-}
-
 QWidget* (*const kKinds[])(const QString&) = {
-    makeLabel,           makeRichLabel, make<QPushButton>, make<QRadioButton>, make<QLineEdit>,
+    make<QLabel>,        makeRichLabel, make<QPushButton>, make<QRadioButton>, make<QLineEdit>,
     makeEditWithMargins, makeBox};
 
 constexpr const char* kStyles[] = {"windows", "fusion"};
@@ -117,14 +113,12 @@ TEST_F(LettersTest, AreMovedWhereTheirLineIsTooHigh) {
   }
 }
 
-const char* const kResults[] = {"-1.23457e-308", "1.41421", "3.76684e-13", "-1.23457e+10", "1"};
-
 TEST_F(WindowTest, EveryResultIsSeenWhole) {
   EXPECT_EQ(QFontInfo(window->font()).family(), "Liberation Sans");
   const QFont narrow = nordika::inNarrowFamily(QFont("Own", 33));
   EXPECT_EQ(narrow.families().last(), "Own");
   EXPECT_EQ(narrow.pointSize(), 33);
-  for (const char* result : kResults) {
+  for (const char* result : {"-1.23457e-308", "1.41421", "3.76684e-13", "-1.23457e+10", "1"}) {
     run("Simple", result);
     auto* field = child<QLineEdit>("res_x_1");
     EXPECT_EQ(field->text(), result);
