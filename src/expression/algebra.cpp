@@ -234,7 +234,7 @@ Term Algebra::sum(const Term& left, const Term& right) {
   both.isNumberFirst = a.number != 0 && a.isNumberFirst;
   if (a.terms != kNoText && b.terms != kNoText) {
     both.single = 0;
-  } else if (both.single == 0 && both.whole == kNoText) {
+  } else if (both.whole == kNoText) {
     singles.push_back(a.terms == kNoText ? right : left);
     both.single = static_cast<std::uint32_t>(singles.size() - 1);
   }
