@@ -62,7 +62,7 @@ std::string captureTrace(Action action) {
   action();
   dup2(saved, fileno(stderr));
   close(saved);
-  const std::string text = content("/proc/self/fd/" + std::to_string(fileno(file)));
+  std::string text = content("/proc/self/fd/" + std::to_string(fileno(file)));
   std::fclose(file);
   return text;
 }
