@@ -21,14 +21,11 @@ TEST(LUP, KeepsItsOutputsAsTheyWereWhenItStops) {
     const char* end;
   } cases[] = {
       {exchange, unit, unit, exchange, 1, "regular"},
-      {Matrix{{1, 2}, {2, 4}}, Matrix{{1, 0}, {0.5, 1}}, Matrix{{2, 4}, {0, 0}}, exchange, 1,
-       "singular"},
-      {Matrix{{1e-9, 0}, {0, 1e-9}}, unit, Matrix{{1e-9, 0}, {0, 1e-9}}, unit, 0, "singular"},
-      {Matrix{{1, 2}, {-1, 3}}, Matrix{{1, 0}, {-1, 1}}, Matrix{{1, 2}, {0, 5}}, unit, 0,
-       "regular"},
-      {Matrix{{1e-8, 0}, {0, 1}}, unit, Matrix{{1e-8, 0}, {0, 1}}, unit, 0, "regular"},
-      {Matrix{{kNan, 0}, {2, 1}}, Matrix{{1, 0}, {kNan, 1}}, Matrix{{2, 1}, {kNan, kNan}}, exchange,
-       1, "singular"},
+      {{{1, 2}, {2, 4}}, {{1, 0}, {0.5, 1}}, {{2, 4}, {0, 0}}, exchange, 1, "singular"},
+      {{{1e-9, 0}, {0, 1e-9}}, unit, {{1e-9, 0}, {0, 1e-9}}, unit, 0, "singular"},
+      {{{1, 2}, {-1, 3}}, {{1, 0}, {-1, 1}}, {{1, 2}, {0, 5}}, unit, 0, "regular"},
+      {{{1e-8, 0}, {0, 1}}, unit, {{1e-8, 0}, {0, 1}}, unit, 0, "regular"},
+      {{{kNan, 0}, {2, 1}}, {{1, 0}, {kNan, 1}}, {{2, 1}, {kNan, kNan}}, exchange, 1, "singular"},
       {Matrix(), Matrix(), Matrix(), Matrix(), 0, "regular"},
   };
   for (const auto& c : cases) {

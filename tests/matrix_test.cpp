@@ -91,12 +91,11 @@ TEST(Matrix, RefusesARowThatIsTooShort) {
       [&](Matrix& a) { getEigenvaluesWithJacobi(a, 1, values, Q, count); }};
   std::string begun;  // the first words of their traces
   for (const auto& operation : operations) {
-    const auto row = &operation - operations;
     for (const int i : {0, 1}) {
       Matrix a = whole;
       a[i] = {1};
-      const std::string trace =
-          captureTrace([&] { EXPECT_THROW(operation(a), MatrixWrongDimensions) << row; });
+      const std::string trace = captureTrace(
+          [&] { EXPECT_THROW(operation(a), MatrixWrongDimensions) << &operation - operations; });
       begun += trace.substr(0, trace.find(' '));
       EXPECT_EQ(a[1 - i], whole[1 - i]);
     }

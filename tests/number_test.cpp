@@ -24,22 +24,14 @@ namespace {
 
 using nordika::detail::extractNumber;
 using nordika::detail::roundToSixDigits;
+using nordika::detail::writeFixed;
+using nordika::detail::writeSixDigits;
 
 template <typename... Numbers>
 std::string printed(const char* format, Numbers... numbers) {
   char text[512];
   std::snprintf(text, sizeof text, format, numbers...);
   return text;
-}
-
-std::string sixDigits(double x) {
-  char text[nordika::detail::kSixDigitsLength];
-  return {text, nordika::detail::writeSixDigits(text, x)};
-}
-
-std::string fixedDecimals(double x, int width, int decimals) {
-  char room[nordika::detail::kFixedLength];
-  return {room, nordika::detail::writeFixed(room, x, width, decimals)};
 }
 
 // Values of every magnitude; ties of the seventh digit and of the third and sixth
@@ -69,15 +61,18 @@ std::vector<double> tellingValues() {
 }
 
 TEST(Numbers, AreWrittenAndRoundedAsTheCConversionsDoIt) {
+  char six[nordika::detail::kSixDigitsLength];
+  char fixed[nordika::detail::kFixedLength];
   for (const double magnitude : tellingValues()) {
     for (const double x : {magnitude, -magnitude}) {
       const std::string expected = printed("%g", x);
-      ASSERT_EQ(sixDigits(x), expected);
+      ASSERT_EQ(std::string(six, writeSixDigits(six, x)), expected);
       ASSERT_EQ(std::bit_cast<std::uint64_t>(roundToSixDigits(x)),
                 std::bit_cast<std::uint64_t>(std::strtod(expected.c_str(), nullptr)))
           << expected;
       for (const auto& [width, decimals] : {std::pair(7, 3), {10, 6}, {16, 1}, {0, 2}})
-        ASSERT_EQ(fixedDecimals(x, width, decimals), printed("%*.*f", width, decimals, x));
+        ASSERT_EQ(std::string(fixed, writeFixed(fixed, x, width, decimals)),
+                  printed("%*.*f", width, decimals, x));
     }
   }
 }

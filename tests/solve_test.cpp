@@ -46,23 +46,25 @@ std::vector<Step> stepsOf(const std::string& name) {
   return steps;
 }
 
-class SolveTest : public ::testing::TestWithParam<std::string> {
- protected:
-  SolveTest() {
+class SolveTest : public ::testing::Test {
+ public:
+  explicit SolveTest(const char* name) : transcript(name) {
     setenv("program", NORDIKA_SOLVE_PROGRAM, 1);
     setenv("version", NORDIKA_VERSION, 1);
     setenv("examples", NORDIKA_EXAMPLES_DIR, 1);
     setenv("golden", NORDIKA_GOLDEN_DIR, 1);
-    char name[] = "/tmp/nordika-solve-XXXXXX";
-    directory = mkdtemp(name);
+    char folder[] = "/tmp/nordika-solve-XXXXXX";
+    directory = mkdtemp(folder);
   }
+
+ protected:
   void TearDown() override {
     std::filesystem::current_path("/");
     std::filesystem::remove_all(directory);
   }
 
-  void check(const std::string& transcript) const {
-    const std::vector<Step> steps = stepsOf(transcript);
+  void TestBody() override {
+    const std::vector<Step> steps = stepsOf(transcript + ".txt");
     ASSERT_GE(steps.size(), 5);
     for (const char* const locale : {"C", "ru_RU.UTF-8"}) {
       setenv("LC_ALL", locale, 1);
@@ -86,17 +88,17 @@ class SolveTest : public ::testing::TestWithParam<std::string> {
       EXPECT_EQ(errors, step.errors) << step.command;
   }
 
+  std::string transcript;
   std::string directory;
 };
 
-TEST_P(SolveTest, DoesAsItsTranscriptSays) {
-  check(GetParam() + ".txt");
-}
-
-INSTANTIATE_TEST_SUITE_P(All, SolveTest,
-                         ::testing::Values("solutions", "words", "files", "failures", "usage",
-                                           "documents", "plot", "jacobian"),
-                         [](const auto& test) { return test.param; });
+const bool areRegistered = [] {
+  for (const char* const name :
+       {"solutions", "words", "files", "failures", "usage", "documents", "plot", "jacobian"})
+    ::testing::RegisterTest("SolveTest", name, nullptr, nullptr, __FILE__, __LINE__,
+                            [name]() -> ::testing::Test* { return new SolveTest(name); });
+  return true;
+}();
 
 TEST(Version, IsMadeOfItsNumbers) {
   std::ostringstream version;

@@ -234,12 +234,9 @@ TEST(ProblemsDeathTest, AssertTheirPreconditions) {
                                            [&] { newtonProblem.calcF(-1, {1}); },
                                            [&] { newtonProblem.calcJacobi(-1, 1, {1}); },
                                            [&] { newtonProblem.calcJacobi(0, 1, {1}); }};
-  std::istringstream messages(golden("preconditions.txt"));
-  for (const auto& action : actions) {
-    std::string message;
-    ASSERT_TRUE(std::getline(messages, message));
-    EXPECT_DEATH(action(), testing::HasSubstr(message));
-  }
+  const auto messages = rowsOf<1>("preconditions.txt");
+  for (std::size_t i = 0; i < std::size(actions); ++i)
+    EXPECT_DEATH(actions[i](), testing::HasSubstr(messages.at(i)[0]));
 }
 
 }  // namespace
