@@ -36,17 +36,16 @@ TEST_F(WindowTest, ACloseRequestDuringARunIsHonouredAfterItsBox) {
     states = state() + ", ";
     requestClose(*window);
     // Input of a user who is in a hurry.
-    auto* n = child<QSpinBox>("n");
-    const QPointF up(n->width() - 5, 5);
-    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
-      QCoreApplication::postEvent(
-          n, new QMouseEvent(type, up, n->mapToGlobal(up.toPoint()), Qt::LeftButton, Qt::LeftButton,
-                             Qt::NoModifier));
-    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
-      QCoreApplication::postEvent(child("eq_1"),
-                                  new QKeyEvent(type, Qt::Key_X, Qt::NoModifier, "x"));
+    QTimer::singleShot(0, window.get(), [this] {
+      auto* n = child("n");
+      QTest::mouseClick(n, Qt::LeftButton, Qt::KeyboardModifiers(), QPoint(n->width() - 5, 5));
+      QTest::keyClicks(child("eq_1"), "x");
+      QTest::keyClick(window.get(), Qt::Key_F1);
+    });
   });
   poll.stop();
+  window->activateWindow();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
   QTimer dismiss;
   int ticks = 0;
   dismiss.callOnTimeout([&] {
