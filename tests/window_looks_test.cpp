@@ -150,6 +150,47 @@ TEST_F(WindowTest, TheEndOfACellIsSeenOrItsToolTipHasIt) {
   }
 }
 
+TEST_F(WindowTest, ThePicturesAreAsTheViewNeedsThemAndStayInPlace) {
+  auto* view = child<QGraphicsView>("taskView");
+  EXPECT_EQ(view->items().size(), 1);
+  for (const int visit : {0, 1, 2, 3}) {
+    const bool newton = visit % 2 != 0;
+    const QResource file(newton ? ":/res/task2.png" : ":/res/task1.png");
+    EXPECT_EQ(file.compressionAlgorithm(), QResource::NoCompression);
+    // In the header: bits per channel 8, colour type 2 (RGB), not interlaced.
+    EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(file.data()), 29).mid(24),
+              QByteArray("\x08\x02\x00\x00\x00", 5));
+    click(newton ? "checkNewton" : "checkSimpleIters");
+    ASSERT_EQ(view->items().size(), 1);
+    const auto* picture = qgraphicsitem_cast<QGraphicsPixmapItem*>(view->items().first());
+    EXPECT_EQ(picture->pixmap().size(), newton ? QSize(375, 105) : QSize(360, 136));
+    EXPECT_EQ(picture->transformationMode(), Qt::SmoothTransformation);
+    const QPoint middle = view->mapFromScene(picture->sceneBoundingRect().center());
+    EXPECT_LE((middle - view->viewport()->rect().center()).manhattanLength(), 2) << visit;
+  }
+}
+
+TEST_F(WindowTest, TheWholeGridIsSeenWithoutScrollBarsInEveryStyle) {
+  for (const char* style : kStyles) {
+    close();
+    QApplication::setStyle(style);
+    open();
+    enter(true, 4, "");
+    EXPECT_EQ(grid()->frameWidth(), 1) << style;
+    EXPECT_EQ(grid()->frameShape() == QFrame::Box, style == std::string("windows"));
+    for (const auto* box : window->findChildren<QAbstractSpinBox*>())
+      EXPECT_EQ(box->findChild<QLineEdit*>()->textMargins(), QMargins()) << style;
+    for (const char* button : {"checkNewton", "clearButton"}) {
+      click(button);
+      QCoreApplication::processEvents();
+      EXPECT_FALSE(grid()->horizontalScrollBar()->isVisible()) << style << button;
+      EXPECT_FALSE(grid()->verticalScrollBar()->isVisible()) << style << button;
+      EXPECT_EQ(grid()->rowHeight(3), 30);
+      EXPECT_EQ(grid()->columnWidth(3), 90);
+    }
+  }
+}
+
 TEST_F(WindowTest, TheFormulasHaveTheColoursOfTheView) {
   auto* view = child<QGraphicsView>("taskView");
   const QPalette before = QApplication::palette();
