@@ -206,6 +206,9 @@ TEST(Matrix, ReadsOnlyItsColumnsOfARowThatIsLonger) {
   int swaps = 0;
   LUPdecomposition(a, L, U, P, swaps);
   EXPECT_EQ(U[0].size() + U[1].size(), 4);
+  for (Matrix* const factor : {&L, &U, &P})
+    (*factor)[0].push_back(kNan), (*factor)[1].push_back(kNan);
+  EXPECT_EQ(solveWithLUP(L, U, P, {1, 2}), Vector({-1, 1}));
   EXPECT_EQ(captureTrace([&] { EXPECT_EQ(solveWithLUP(a, {1, 2}), Vector({-1, 1})); }), trace);
   EXPECT_EQ(norm(a), largest);
   EXPECT_EQ(a * Vector({1, 1}), Vector({1, 6}));
