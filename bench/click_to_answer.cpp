@@ -10,7 +10,14 @@
 #include <cstdio>
 #include <string_view>
 
-#include <QtWidgets>
+#include <QApplication>
+#include <QDoubleSpinBox>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableWidget>
+#include <QTimer>
 
 #include "app/widget.h"
 

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <string>
-#include <vector>
 
 #include "matrices.h"
 #include "nordika/matrix.h"

@@ -6,7 +6,6 @@
 #include <cmath>
 #include <functional>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <memory>
 #include <sstream>
 #include <string>

@@ -4,7 +4,6 @@
 // The program from main() to its end in environments of users, each in a process of
 // its own.
 
-#include <fcntl.h>
 #include <fstream>
 
 #include <QtTest>

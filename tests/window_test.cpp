@@ -4,7 +4,6 @@
 #include <clocale>
 #include <fstream>
 #include <sys/resource.h>
-#include <sys/stat.h>
 
 #include "app/run_log.h"
 #include "nordika/trace.h"
@@ -275,8 +274,8 @@ TEST(RunLogDeathTest, ALogThatCannotBeOpenedEndsTheProcess) {
     box->button(QMessageBox::Ok)->click();
   };
   const auto run = [dismiss] {
-    mkdir("/tmp/nordika-gone", 0700);
-    if (chdir("/tmp/nordika-gone") != 0 || rmdir("/tmp/nordika-gone") != 0) std::_Exit(2);
+    char gone[] = "/tmp/nordika-gone-XXXXXX";
+    if (mkdtemp(gone) == nullptr || chdir(gone) != 0 || rmdir(gone) != 0) std::_Exit(2);
     QTimer::singleShot(100, dismiss);
     const Widget window;
   };
