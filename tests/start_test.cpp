@@ -197,16 +197,18 @@ TEST(StartTest, TheScaleIsChosenUnlessTheUserHasChosenIt) {
   setResources(display, "Xft.dpi: 144\n");
   const Atom name = XInternAtom(display, "_NET_WORKAREA", False);
   const long area[] = {0, 30, 1900, 1000};  // left, top, width, height
-  XChangeProperty(display, DefaultRootWindow(display), name, XA_CARDINAL, 32, PropModeReplace,
-                  reinterpret_cast<const unsigned char*>(area), 4);
-  XSync(display, False);
   const std::array<const char*, 5> names = {"QT_ENABLE_HIGHDPI_SCALING",
                                             "QT_SCALE_FACTOR_ROUNDING_POLICY", "QT_FONT_DPI",
                                             "QT_SCREEN_SCALE_FACTORS", "QT_SCALE_FACTOR"};
-  // Nothing that the user has chosen, and one of the variables.
-  for (std::size_t chosen = 0; chosen <= names.size(); ++chosen) {
+  // One of the variables that the user has chosen; none; none, and no area that can be read.
+  for (std::size_t chosen = 0; chosen < names.size() + 2; ++chosen) {
+    const bool isOfBytes = chosen > names.size();
+    XChangeProperty(display, DefaultRootWindow(display), name, XA_CARDINAL, isOfBytes ? 8 : 32,
+                    PropModeReplace, reinterpret_cast<const unsigned char*>(area), 4);
+    XSync(display, False);
     std::array<std::string, 5> expected = {"1", "PassThrough", "144", "unset", "unset"};
-    if (chosen == names.size()) expected = {"1", "PassThrough", "96", "unset", "1.4"};
+    if (chosen >= names.size())
+      expected = {"1", "PassThrough", "96", "unset", isOfBytes ? "1.5" : "1.4"};
     for (const char* each : names)
       unsetenv(each);
     if (chosen < names.size()) setenv(names[chosen], (expected[chosen] = "user's").c_str(), 1);
