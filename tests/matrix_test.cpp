@@ -207,7 +207,8 @@ TEST(Matrix, ReadsOnlyItsColumnsOfARowThatIsLonger) {
   LUPdecomposition(a, L, U, P, swaps);
   EXPECT_EQ(U[0].size() + U[1].size(), 4);
   for (Matrix* const factor : {&L, &U, &P})
-    (*factor)[0].push_back(kNan), (*factor)[1].push_back(kNan);
+    for (const int row : {0, 1})
+      (*factor)[row].push_back(kNan);
   EXPECT_EQ(solveWithLUP(L, U, P, {1, 2}), Vector({-1, 1}));
   EXPECT_EQ(captureTrace([&] { EXPECT_EQ(solveWithLUP(a, {1, 2}), Vector({-1, 1})); }), trace);
   EXPECT_EQ(norm(a), largest);
